@@ -1,0 +1,39 @@
+#include "CliOptions.h"
+
+#include "Version.h"
+
+#include <CLI/CLI.hpp>
+#include <sstream>
+
+namespace tavvel {
+
+CliParse parseCommandLine(const std::vector<std::string>& args) {
+    CLI::App app("Converts bank, credit-card and investment statements into QIF.", "tavvel-cli");
+    CliOptions options;
+    std::string file;
+    app.set_version_flag("--version", std::string("tavvel-cli ") + kVersion);
+    app.add_flag("--batch", options.batch,
+                 "Never ask: questions take their first button, nothing is read from the "
+                 "terminal");
+    app.add_flag("--show-preferences", options.showPreferences,
+                 "Print the preference store after start-up");
+    app.add_option("file", file, "Statement to convert (OFX, QFX, QIF or text)");
+
+    std::vector<std::string> reversed(args.rbegin(), args.rend());
+    if (!reversed.empty())
+        reversed.pop_back(); // the program's own name
+    std::ostringstream out, err;
+    try {
+        app.parse(reversed);
+    } catch (const CLI::ParseError& e) {
+        CliParse result;
+        result.exitCode = app.exit(e, out, err);
+        result.output = out.str() + err.str();
+        return result;
+    }
+    if (!file.empty())
+        options.inputFile = file;
+    return {options, 0, {}};
+}
+
+} // namespace tavvel

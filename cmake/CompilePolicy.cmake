@@ -1,0 +1,16 @@
+# One place for the compile policy: every target links tavvel_policy.
+option(TAVVEL_WERROR "Treat compiler warnings as errors" OFF)
+option(TAVVEL_SANITIZE "Build with AddressSanitizer and UndefinedBehaviorSanitizer" OFF)
+
+add_library(tavvel_policy INTERFACE)
+target_compile_features(tavvel_policy INTERFACE cxx_std_20)
+target_compile_options(tavvel_policy INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor
+                                               -Wold-style-cast -Wcast-align -Woverloaded-virtual)
+if(TAVVEL_WERROR)
+    target_compile_options(tavvel_policy INTERFACE -Werror)
+endif()
+if(TAVVEL_SANITIZE)
+    target_compile_options(tavvel_policy INTERFACE -fsanitize=address,undefined
+                                                   -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(tavvel_policy INTERFACE -fsanitize=address,undefined)
+endif()

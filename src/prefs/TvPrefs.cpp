@@ -1,0 +1,117 @@
+#include "prefs/TvPrefs.h"
+
+#include "prefs/PropertyList.h"
+
+#include <cmath>
+#include <ctime>
+#include <limits>
+
+namespace tavvel {
+
+namespace {
+
+std::string utcStamp(Date now) {
+    std::time_t t = static_cast<std::time_t>(std::floor(now.seconds));
+    std::tm tm{};
+    gmtime_r(&t, &tm);
+    char buf[32];
+    std::strftime(buf, sizeof buf, "%Y%m%dT%H%M%SZ", &tm);
+    return buf;
+}
+
+// Copies the undecodable file aside (rather than moving it) so that the store's own file stays
+// where the next start looks for it until the next save replaces it.
+std::filesystem::path keepAside(const std::filesystem::path& file, Date now) {
+    std::filesystem::path aside = file;
+    aside += ".corrupt-" + utcStamp(now);
+    std::error_code ec;
+    for (int n = 2; std::filesystem::exists(aside, ec); ++n) {
+        aside = file;
+        aside += ".corrupt-" + utcStamp(now) + "-" + std::to_string(n);
+    }
+    std::filesystem::copy_file(file, aside, ec);
+    return ec ? std::filesystem::path() : aside;
+}
+
+} // namespace
+
+std::filesystem::path TvPrefs::pathFor(const std::filesystem::path& folder,
+                                       std::string_view applicationID) {
+    return folder / (std::string(applicationID) + ".prefs");
+}
+
+TvPrefs TvPrefs::open(const std::filesystem::path& folder, std::string_view applicationID,
+                      std::optional<std::string_view> newApplicationID, Date now) {
+    TvPrefs store;
+    store.path_ = pathFor(folder, applicationID);
+    PlistRead read = readPropertyListFile(store.path_);
+    if (read.ok()) {
+        store.prefs_ = std::move(*read.value.get<Dictionary>());
+    } else if (read.status != PlistReadStatus::Missing) {
+        store.keptAside_ = keepAside(store.path_, now);
+        store.prefs_[std::string(prefkey::reconstructedAfterCorruption)] = Value(true);
+    }
+    // There is no per-user defaults domain to take over here: only the marker is set.
+    if (!store.prefs_.contains(prefkey::convertedFromPlist))
+        store.prefs_[std::string(prefkey::convertedFromPlist)] = Value(true);
+    if (newApplicationID)
+        store.path_ = pathFor(folder, *newApplicationID);
+    return store;
+}
+
+bool TvPrefs::boolForKey(std::string_view key) const {
+    const Value* v = objectForKey(key);
+    return v && v->toBool();
+}
+
+std::int64_t TvPrefs::integerForKey(std::string_view key) const {
+    const Value* v = objectForKey(key);
+    return v ? v->toInteger() : 0;
+}
+
+std::uint32_t TvPrefs::uInt32ForKey(std::string_view key) const {
+    return static_cast<std::uint32_t>(integerForKey(key));
+}
+
+float TvPrefs::floatForKey(std::string_view key) const {
+    return static_cast<float>(doubleForKey(key));
+}
+
+double TvPrefs::doubleForKey(std::string_view key) const {
+    const Value* v = objectForKey(key);
+    return v ? v->toDouble() : 0.0;
+}
+
+void TvPrefs::setObject(std::string_view key, const Value& value) {
+    prefs_.insert_or_assign(std::string(key), value);
+}
+
+void TvPrefs::setObject(std::string_view key, const std::optional<Value>& value) {
+    if (value)
+        setObject(key, *value);
+    else
+        removeObjectForKey(key);
+}
+
+void TvPrefs::setUInt32(std::string_view key, std::uint32_t value) {
+    setObject(key, Value(static_cast<std::int64_t>(value)));
+}
+
+void TvPrefs::setFloat(std::string_view key, float value) {
+    setObject(key, Value(static_cast<double>(value)));
+}
+
+void TvPrefs::removeObjectForKey(std::string_view key) {
+    if (auto it = prefs_.find(key); it != prefs_.end())
+        prefs_.erase(it);
+}
+
+bool TvPrefs::synchronize() {
+    if (path_.empty())
+        return true;
+    std::error_code ec;
+    std::filesystem::create_directories(path_.parent_path(), ec);
+    return writePropertyListFile(path_, Value(prefs_));
+}
+
+} // namespace tavvel

@@ -1,0 +1,72 @@
+#pragma once
+// The single persistent store: settings, the option list, the run settings record and every
+// learned list, as entries of one dictionary saved as one property-list file per identifier.
+
+#include "prefs/Value.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace tavvel {
+
+namespace prefkey {
+inline constexpr std::string_view reconstructedAfterCorruption = "reconstructedAfterCorruption";
+inline constexpr std::string_view convertedFromPlist = "convertedFromPlist";
+} // namespace prefkey
+
+class TvPrefs {
+public:
+    // A store that lives in memory only: synchronize() succeeds and writes nothing.
+    TvPrefs() = default;
+
+    // initForApplicationID:newApplicationID: — opens <folder>/<id>.prefs. With a new identifier,
+    // later saves go to <folder>/<newId>.prefs and the old file is left in place. A file that
+    // cannot be decoded is kept aside as <id>.prefs.corrupt-<UTC timestamp> and the store
+    // starts empty with reconstructedAfterCorruption set.
+    static TvPrefs open(const std::filesystem::path& folder, std::string_view applicationID,
+                        std::optional<std::string_view> newApplicationID = std::nullopt,
+                        Date now = Date{});
+
+    static std::filesystem::path pathFor(const std::filesystem::path& folder,
+                                         std::string_view applicationID);
+
+    bool empty() const { return prefs_.empty(); }
+    const Value* objectForKey(std::string_view key) const { return find(prefs_, key); }
+    bool boolForKey(std::string_view key) const;
+    std::int64_t integerForKey(std::string_view key) const;
+    std::uint32_t uInt32ForKey(std::string_view key) const;
+    float floatForKey(std::string_view key) const;
+    double doubleForKey(std::string_view key) const;
+
+    // Values are stored by copy: later changes to the caller's object do not reach the store.
+    void setObject(std::string_view key, const Value& value);
+    // None removes the key.
+    void setObject(std::string_view key, const std::optional<Value>& value);
+    void setBool(std::string_view key, bool value) { setObject(key, Value(value)); }
+    void setInteger(std::string_view key, std::int64_t value) { setObject(key, Value(value)); }
+    void setUInt32(std::string_view key, std::uint32_t value);
+    void setFloat(std::string_view key, float value);
+    void setDouble(std::string_view key, double value) { setObject(key, Value(value)); }
+    void removeObjectForKey(std::string_view key);
+
+    std::string description() const { return Value(prefs_).describe(); }
+    Dictionary prefsMutableDictionary() const { return prefs_; }
+    const Dictionary& dictionary() const { return prefs_; }
+
+    // Writes the whole dictionary to prefsPath atomically; false when the write failed.
+    bool synchronize();
+
+    const std::filesystem::path& prefsPath() const { return path_; }
+    // Where a corrupted file was kept aside when the store was opened (empty otherwise).
+    const std::filesystem::path& keptAsidePath() const { return keptAside_; }
+
+private:
+    Dictionary prefs_;
+    std::filesystem::path path_;
+    std::filesystem::path keptAside_;
+};
+
+} // namespace tavvel

@@ -1,0 +1,125 @@
+#include "recognize/CalendarDate.h"
+
+#include <cmath>
+#include <map>
+#include <memory>
+#include <unicode/calendar.h>
+#include <unicode/gregocal.h>
+#include <unicode/smpdtfmt.h>
+#include <unicode/timezone.h>
+#include <unicode/unistr.h>
+
+namespace tavvel {
+
+namespace {
+
+// ICU keeps milliseconds; we keep seconds.
+constexpr double kMillis = 1000.0;
+
+struct IcuCache {
+    std::unique_ptr<icu::Calendar> calendar;
+    std::map<std::string, std::unique_ptr<icu::SimpleDateFormat>, std::less<>> formatters;
+};
+
+// Calendars and formatters are costly to build and the scanners ask for dates often; the
+// program is single-threaded, one cache a thread keeps tests honest too.
+IcuCache& cache() {
+    thread_local IcuCache instance;
+    return instance;
+}
+
+icu::Calendar* localCalendar() {
+    IcuCache& c = cache();
+    if (!c.calendar) {
+        UErrorCode status = U_ZERO_ERROR;
+        c.calendar.reset(icu::Calendar::createInstance(icu::Locale("en_US_POSIX"), status));
+        if (U_FAILURE(status))
+            c.calendar.reset();
+        else
+            c.calendar->setLenient(true);
+    }
+    return c.calendar.get();
+}
+
+icu::SimpleDateFormat* formatter(std::string_view pattern) {
+    IcuCache& c = cache();
+    if (auto it = c.formatters.find(pattern); it != c.formatters.end())
+        return it->second.get();
+    UErrorCode status = U_ZERO_ERROR;
+    auto fmt = std::make_unique<icu::SimpleDateFormat>(
+        icu::UnicodeString::fromUTF8(
+            icu::StringPiece(pattern.data(), static_cast<int32_t>(pattern.size()))),
+        icu::Locale("en_US_POSIX"), status);
+    if (U_FAILURE(status))
+        return nullptr;
+    fmt->setLenient(true);
+    return c.formatters.emplace(std::string(pattern), std::move(fmt)).first->second.get();
+}
+
+} // namespace
+
+void useProcessTimeZone() {
+    icu::TimeZone::adoptDefault(icu::TimeZone::detectHostTimeZone());
+    cache() = IcuCache{};
+}
+
+Date localMidnight(int year, int month, int day) {
+    icu::Calendar* cal = localCalendar();
+    if (!cal)
+        return Date{};
+    cal->clear();
+    cal->set(year, month - 1, day, 0, 0, 0);
+    UErrorCode status = U_ZERO_ERROR;
+    UDate ms = cal->getTime(status);
+    return U_FAILURE(status) ? Date{} : Date{ms / kMillis};
+}
+
+Date localMidnight(CalendarDate date) {
+    return localMidnight(date.year, date.month, date.day);
+}
+
+CalendarDate calendarDateOf(Date instant) {
+    icu::Calendar* cal = localCalendar();
+    if (!cal)
+        return {};
+    UErrorCode status = U_ZERO_ERROR;
+    cal->setTime(std::floor(instant.seconds * kMillis), status);
+    CalendarDate date{cal->get(UCAL_EXTENDED_YEAR, status), cal->get(UCAL_MONTH, status) + 1,
+                      cal->get(UCAL_DATE, status)};
+    return U_FAILURE(status) ? CalendarDate{} : date;
+}
+
+Date startOfDay(Date instant) {
+    return localMidnight(calendarDateOf(instant));
+}
+
+Date addDays(Date instant, int days) {
+    CalendarDate date = calendarDateOf(instant);
+    return localMidnight(date.year, date.month, date.day + days);
+}
+
+std::string formatDate(Date instant, std::string_view pattern) {
+    icu::SimpleDateFormat* fmt = formatter(pattern);
+    if (!fmt)
+        return {};
+    icu::UnicodeString out;
+    fmt->format(instant.seconds * kMillis, out);
+    std::string text;
+    out.toUTF8String(text);
+    return text;
+}
+
+std::optional<Date> parseDateWithPattern(std::string_view text, std::string_view pattern) {
+    icu::SimpleDateFormat* fmt = formatter(pattern);
+    if (!fmt || text.empty())
+        return std::nullopt;
+    icu::UnicodeString input = icu::UnicodeString::fromUTF8(
+        icu::StringPiece(text.data(), static_cast<int32_t>(text.size())));
+    icu::ParsePosition pos(0);
+    UDate ms = fmt->parse(input, pos);
+    if (pos.getErrorIndex() >= 0 || pos.getIndex() == 0)
+        return std::nullopt;
+    return startOfDay(Date{ms / kMillis});
+}
+
+} // namespace tavvel

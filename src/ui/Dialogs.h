@@ -1,0 +1,25 @@
+#pragma once
+// The front end as the core sees it: one operation per kind of form. Every call is modal and
+// returns when the user has answered. Texts are the program's own, shown as given ("\r" is a
+// line break).
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+namespace tavvel {
+
+class Dialogs {
+public:
+    virtual ~Dialogs() = default;
+
+    // A message with a title and one OK button.
+    virtual void alert(const std::string& title, const std::string& text) = 0;
+
+    // A question; returns the index of the button chosen. The first button is the affirmative
+    // one and the default.
+    virtual std::size_t ask(const std::string& title, const std::string& text,
+                            const std::vector<std::string>& buttons) = 0;
+};
+
+} // namespace tavvel

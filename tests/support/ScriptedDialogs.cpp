@@ -1,0 +1,60 @@
+#include "support/ScriptedDialogs.h"
+
+#include <gtest/gtest.h>
+
+namespace tavvel::test {
+
+ScriptedDialogs::~ScriptedDialogs() {
+    if (!script_.empty())
+        ADD_FAILURE() << "scripted " << script_.front().kind << " \"" << script_.front().title
+                      << "\" was never shown (" << script_.size() << " answers unused)";
+}
+
+ScriptedDialogs& ScriptedDialogs::expectAlert(std::string title) {
+    script_.push_back({"alert", std::move(title), 0});
+    return *this;
+}
+
+ScriptedDialogs& ScriptedDialogs::expectAsk(std::string title, std::size_t answer) {
+    script_.push_back({"ask", std::move(title), answer});
+    return *this;
+}
+
+const Shown& ScriptedDialogs::last() const {
+    if (shown_.empty())
+        throw UnexpectedDialog("nothing was shown");
+    return shown_.back();
+}
+
+ScriptedDialogs::Step ScriptedDialogs::next(const Shown& shown) {
+    shown_.push_back(shown);
+    std::string what = shown.kind + " \"" + shown.title + "\": " + shown.text;
+    if (script_.empty()) {
+        ADD_FAILURE() << "unexpected " << what;
+        throw UnexpectedDialog("unexpected " + what);
+    }
+    Step step = script_.front();
+    script_.pop_front();
+    if (step.kind != shown.kind || step.title != shown.title) {
+        ADD_FAILURE() << "expected " << step.kind << " \"" << step.title << "\" but got " << what;
+        throw UnexpectedDialog("out of order: " + what);
+    }
+    return step;
+}
+
+void ScriptedDialogs::alert(const std::string& title, const std::string& text) {
+    next({"alert", title, text, {}});
+}
+
+std::size_t ScriptedDialogs::ask(const std::string& title, const std::string& text,
+                                 const std::vector<std::string>& buttons) {
+    Step step = next({"ask", title, text, buttons});
+    if (step.answer >= buttons.size()) {
+        ADD_FAILURE() << "scripted answer " << step.answer << " for \"" << title << "\" but only "
+                      << buttons.size() << " buttons";
+        throw UnexpectedDialog("no such button");
+    }
+    return step.answer;
+}
+
+} // namespace tavvel::test

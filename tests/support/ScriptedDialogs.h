@@ -1,0 +1,59 @@
+#pragma once
+// A front end that answers from a script. Every form the core shows must be expected, in
+// order; an unexpected or unanswered one fails the test with its title and text and stops
+// the run (so a walk can never wait forever for an answer).
+
+#include "ui/Dialogs.h"
+
+#include <deque>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace tavvel::test {
+
+struct UnexpectedDialog : std::runtime_error {
+    using std::runtime_error::runtime_error;
+};
+
+struct Shown {
+    std::string kind; // "alert", "ask", ...
+    std::string title;
+    std::string text;
+    std::vector<std::string> buttons;
+};
+
+class ScriptedDialogs : public Dialogs {
+public:
+    ~ScriptedDialogs() override;
+
+    // Expect an alert with this title.
+    ScriptedDialogs& expectAlert(std::string title);
+    // Expect a question with this title, answered with the button at `answer`.
+    ScriptedDialogs& expectAsk(std::string title, std::size_t answer);
+
+    void alert(const std::string& title, const std::string& text) override;
+    std::size_t ask(const std::string& title, const std::string& text,
+                    const std::vector<std::string>& buttons) override;
+
+    // Everything shown so far, in order.
+    const std::vector<Shown>& shown() const { return shown_; }
+    const Shown& last() const;
+    // True when every expectation was met; a test may also let the destructor check.
+    bool done() const { return script_.empty(); }
+
+protected:
+    struct Step {
+        std::string kind;
+        std::string title;
+        std::size_t answer = 0;
+    };
+    // Takes the next step, which must be of this kind and title, or fails the test.
+    Step next(const Shown& shown);
+
+private:
+    std::deque<Step> script_;
+    std::vector<Shown> shown_;
+};
+
+} // namespace tavvel::test
