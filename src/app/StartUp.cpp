@@ -1,6 +1,6 @@
 #include "app/StartUp.h"
 
-#include "app/StartUpTexts.h"
+#include "app/AppTexts.h"
 #include "context/Context.h"
 #include "knowledge/Categories.h"
 #include "prefs/Settings.h"

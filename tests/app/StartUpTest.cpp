@@ -1,6 +1,6 @@
 #include "app/StartUp.h"
 
-#include "app/StartUpTexts.h"
+#include "app/AppTexts.h"
 #include "prefs/Files.h"
 #include "prefs/PropertyList.h"
 #include "prefs/Settings.h"

@@ -1,9 +1,11 @@
 #pragma once
-// What the program says at start-up, word for word.
+// What the conversion run says, word for word.
 
 #include <string_view>
 
 namespace tavvel::text {
+
+// Start-up.
 
 inline constexpr std::string_view firstRunTitle = "Tavvel First Run";
 inline constexpr std::string_view firstRunIntroduction =
@@ -30,5 +32,25 @@ inline constexpr std::string_view updatesText =
     "preference in the future via the Preferences.";
 inline constexpr std::string_view yes = "YES";
 inline constexpr std::string_view no = "NO";
+
+// QIF list import.
+
+inline constexpr std::string_view listImportTitle = "QIF List Import";
+inline constexpr std::string_view listImportPrices =
+    "%@ contains a list of securities prices which cannot be imported.  This might be because "
+    "of a bug in Quicken 2006 which, in some releases, swapped the \"Securities\" and \"Security "
+    "Prices\" checkboxes in the Export dialog.  So, if you are running Quicken 2006, try "
+    "exporting the Security Prices and see if Tavvel accepts this file as Securities.";
+inline constexpr std::string_view listImportAccounts =
+    "%@ contains a list of ACCOUNTS.  Do you want Tavvel to replace the accounts it uses with "
+    "this list?";
+inline constexpr std::string_view listImportCategories =
+    "%@ contains a list of CATEGORIES.  Do you want Tavvel to replace the categories it uses "
+    "with this list?";
+inline constexpr std::string_view listImportSecurities =
+    "%@ contains a list of SECURITIES.  Do you want Tavvel to replace the securities it uses "
+    "with this list?";
+inline constexpr std::string_view listImportCorrupted =
+    "%@ appears to be an unsupported or corrupted QIF export; it cannot be imported.";
 
 } // namespace tavvel::text
