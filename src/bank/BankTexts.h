@@ -1,0 +1,15 @@
+#pragma once
+// What the bank and credit-card readers and engine say, word for word.
+
+#include <string_view>
+
+namespace tavvel::text {
+
+inline constexpr std::string_view ofxNoDate =
+    "The following OFX transaction does not contain a date; it cannot be processed: ";
+inline constexpr std::string_view ofxNoAmount =
+    "The following OFX transaction has no amount; it cannot be processed: ";
+inline constexpr std::string_view ofxNoType =
+    "The following OFX transaction has no type; it cannot be processed: ";
+
+} // namespace tavvel::text

@@ -1,0 +1,148 @@
+// OFX and QFX reading. The statement is not parsed as a tree: it is cut at every <STMTTRN>
+// and a handful of tags are pulled out of each piece by plain search, which reads the SGML
+// form (no end tags) and the XML form alike.
+//
+// Stages, in order: cut into pieces; per piece: posting date and range, number, memo, name,
+// amount, type.
+
+#include "bank/BankTexts.h"
+#include "bank/BankingCreditCardQIF.h"
+#include "bank/TransactionKeys.h"
+#include "context/Context.h"
+#include "prefs/Settings.h"
+#include "recognize/CalendarDate.h"
+
+namespace tavvel {
+
+namespace {
+
+constexpr std::string_view kTransactionTag = "<STMTTRN>";
+
+bool isSpace(char c) {
+    return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\f' || c == '\v';
+}
+bool isDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+
+// Up to `most` digits at `at`; nothing when there is none.
+std::optional<int> readDigits(std::string_view text, std::size_t& at, std::size_t most) {
+    std::size_t begin = at;
+    int value = 0;
+    while (at < text.size() && at - begin < most && isDigit(text[at]))
+        value = value * 10 + (text[at++] - '0');
+    if (at == begin)
+        return std::nullopt;
+    return value;
+}
+
+// The year, month and day that open a <DTPOSTED> value ("20240131120000[-5:EST]"): numbers of
+// at most 4, 2 and 2 digits, white space allowed before the year only.
+std::optional<CalendarDate> postedDate(std::string_view piece) {
+    constexpr std::string_view tag = "<DTPOSTED>";
+    std::size_t at = piece.find(tag);
+    if (at == std::string_view::npos)
+        return std::nullopt;
+    at += tag.size();
+    while (at < piece.size() && isSpace(piece[at]))
+        ++at;
+    auto year = readDigits(piece, at, 4);
+    auto month = year ? readDigits(piece, at, 2) : std::nullopt;
+    auto day = month ? readDigits(piece, at, 2) : std::nullopt;
+    if (!day)
+        return std::nullopt;
+    return CalendarDate{*year, *month, *day};
+}
+
+Dictionary errorRecord(std::string_view message, std::string_view piece) {
+    return Dictionary{{std::string(txkey::errorMessage), Value(message)},
+                      {std::string(txkey::errorText), Value(piece)}};
+}
+
+// Credit-card statements number their transactions by reference only; bank statements prefer
+// the reference to the check number, which is how it has always been read.
+void addNumber(std::string_view piece, std::string_view text, Dictionary& record) {
+    if (text.find("CREDITCARDMSG") != std::string_view::npos) {
+        BankingCreditCardQIF::addField(txkey::number, "<REFNUM>", piece, record);
+        return;
+    }
+    if (text.find("BANKMSG") == std::string_view::npos)
+        return;
+    if (!BankingCreditCardQIF::addField(txkey::number, "<REFNUM>", piece, record))
+        BankingCreditCardQIF::addField(txkey::number, "<CHECKNUM>", piece, record);
+}
+
+} // namespace
+
+bool BankingCreditCardQIF::addField(std::string_view key, std::string_view ofxLabel,
+                                    std::string_view transaction, Dictionary& record) {
+    std::size_t at = transaction.find(ofxLabel);
+    if (at == std::string_view::npos)
+        return false;
+    at += ofxLabel.size();
+    while (at < transaction.size() && isSpace(transaction[at]))
+        ++at;
+    std::size_t end = transaction.find_first_of(std::string_view("\0\n\r<", 4), at);
+    if (end == std::string_view::npos)
+        end = transaction.size();
+    record.insert_or_assign(std::string(key), Value(transaction.substr(at, end - at)));
+    return true;
+}
+
+void BankingCreditCardQIF::startReading() {
+    qif.clear();
+    mustConfirm = optionOn(ctx_.prefs, option::confirmAllTransactions);
+    doingInvestmentBankingTransaction = false;
+    splits.reset();
+    splitsOK = true;
+}
+
+void BankingCreditCardQIF::finishReading() {
+    currentTransactionIndex = 0;
+    maxTransactionIndex = qif.size();
+}
+
+std::optional<Dictionary> BankingCreditCardQIF::readOFXTransaction(std::string_view piece,
+                                                                   std::string_view text,
+                                                                   Date fromDate,
+                                                                   Date toDate) const {
+    auto posted = postedDate(piece);
+    if (!posted)
+        return errorRecord(text::ofxNoDate, piece);
+    Date date = localMidnight(*posted);
+    if (date < fromDate || date > toDate)
+        return std::nullopt;
+    Dictionary record{
+        {std::string(txkey::date), Value(formatDate(date, ctx_.output.longDatePattern()))}};
+    addNumber(piece, text, record);
+    addField(txkey::memo, "<MEMO>", piece, record);
+    if (!addField(txkey::description, "<NAME>", piece, record))
+        record.emplace(std::string(txkey::description), Value(""));
+    if (!addField(txkey::amount, "<TRNAMT>", piece, record))
+        return errorRecord(text::ofxNoAmount, piece);
+    if (!optionOn(ctx_.prefs, option::useOFXTRNTYPE))
+        return record;
+    if (!addField(txkey::trntype, "<TRNTYPE>", piece, record))
+        return errorRecord(text::ofxNoType, piece);
+    // A debit is signed whatever its own sign: an amount already negative gets a second minus.
+    if (textOf(record, txkey::trntype) == "DEBIT")
+        record[std::string(txkey::amount)] = Value("-" + textOf(record, txkey::amount));
+    return record;
+}
+
+void BankingCreditCardQIF::fromOFX(std::string_view text, Date fromDate, Date toDate) {
+    startReading();
+    std::size_t at = text.find(kTransactionTag);
+    while (at != std::string_view::npos) {
+        std::size_t begin = at + kTransactionTag.size();
+        std::size_t next = text.find(kTransactionTag, begin);
+        std::string_view piece =
+            text.substr(begin, (next == std::string_view::npos ? text.size() : next) - begin);
+        if (auto record = readOFXTransaction(piece, text, fromDate, toDate))
+            qif.push_back(std::move(*record));
+        at = next;
+    }
+    finishReading();
+}
+
+} // namespace tavvel

@@ -1,0 +1,111 @@
+#include "bank/BankTexts.h"
+#include "bank/BankingCreditCardQIF.h"
+#include "prefs/Settings.h"
+#include "recognize/CalendarDate.h"
+#include "support/TestContext.h"
+
+#include <gtest/gtest.h>
+
+namespace tavvel {
+namespace {
+
+// SGML form: no end tags, as most banks send it.
+const char* kBankSgml = "OFXHEADER:100\r\nDATA:OFXSGML\r\n\r\n<OFX><BANKMSGSRSV1><STMTTRNRS>"
+                        "<STMTRS><BANKTRANLIST>\r\n"
+                        "<STMTTRN>\r\n<TRNTYPE>DEBIT\r\n<DTPOSTED>20240131120000[-5:EST]\r\n"
+                        "<TRNAMT>-12.00\r\n<FITID>1\r\n<CHECKNUM>1041\r\n<NAME>CORNER GROCERY  \r\n"
+                        "<MEMO>weekly\r\n</STMTTRN>\r\n"
+                        "<STMTTRN>\r\n<TRNTYPE>CREDIT\r\n<DTPOSTED>20240201\r\n<TRNAMT>100.00\r\n"
+                        "<REFNUM>R77\r\n<CHECKNUM>1042\r\n</STMTTRN>\r\n"
+                        "</BANKTRANLIST></STMTRS></STMTTRNRS></BANKMSGSRSV1></OFX>\r\n";
+
+struct OfxReading : ::testing::Test {
+    test::TestContext t;
+    BankingCreditCardQIF reader{t.ctx};
+    Date from = kDistantPast, to = kDistantFuture;
+};
+
+TEST_F(OfxReading, BankStatementInSgmlForm) {
+    reader.fromOFX(kBankSgml, from, to);
+    ASSERT_EQ(reader.qif.size(), 2u);
+    EXPECT_EQ(reader.maxTransactionIndex, 2u);
+    const Dictionary& first = reader.qif[0];
+    EXPECT_EQ(textOf(first, "date"), "1/31/2024");
+    EXPECT_EQ(textOf(first, "amount"), "-12.00");
+    EXPECT_EQ(textOf(first, "description"), "CORNER GROCERY  "); // trailing blanks kept
+    EXPECT_EQ(textOf(first, "memo"), "weekly");
+    EXPECT_EQ(textOf(first, "number"), "1041"); // no reference number: the check number
+    EXPECT_FALSE(has(first, "trntype"));
+    const Dictionary& second = reader.qif[1];
+    EXPECT_EQ(textOf(second, "number"), "R77");             // the reference number wins
+    EXPECT_EQ(textOf(second, "description", "absent"), ""); // no <NAME>: empty, not an error
+    EXPECT_FALSE(has(second, "memo"));
+}
+
+TEST_F(OfxReading, CreditCardXmlFormTakesReferenceNumbersOnly) {
+    std::string xml = "<?xml version=\"1.0\"?><OFX><CREDITCARDMSGSRSV1><CCSTMTRS>"
+                      "<STMTTRN><TRNTYPE>DEBIT</TRNTYPE><DTPOSTED>20240315</DTPOSTED>"
+                      "<TRNAMT>-5.25</TRNAMT><CHECKNUM>9</CHECKNUM><NAME>CAF\xC9 BLEU</NAME>"
+                      "</STMTTRN><STMTTRN><DTPOSTED>20240316</DTPOSTED><TRNAMT>1</TRNAMT>"
+                      "<REFNUM>X1</REFNUM><CHECKNUM>10</CHECKNUM></STMTTRN></CCSTMTRS>"
+                      "</CREDITCARDMSGSRSV1></OFX>";
+    reader.fromOFX(xml, from, to);
+    ASSERT_EQ(reader.qif.size(), 2u);
+    EXPECT_EQ(textOf(reader.qif[0], "description"), "CAF\xC9 BLEU"); // stops at the end tag
+    EXPECT_FALSE(has(reader.qif[0], "number"));
+    EXPECT_EQ(textOf(reader.qif[1], "number"), "X1");
+}
+
+TEST_F(OfxReading, UnreadableTransactionsBecomeErrorRecordsInPlace) {
+    std::string text = "BANKMSG <STMTTRN><DTPOSTED>2024-01-31<TRNAMT>1.00"
+                       "<STMTTRN><TRNAMT>2.00"
+                       "<STMTTRN><DTPOSTED>20240102<NAME>no amount"
+                       "<STMTTRN><DTPOSTED>20240103<TRNAMT>3.00";
+    reader.fromOFX(text, from, to);
+    ASSERT_EQ(reader.qif.size(), 4u);
+    EXPECT_EQ(textOf(reader.qif[0], "errorMessage"), text::ofxNoDate);
+    EXPECT_EQ(textOf(reader.qif[0], "errorText"), "<DTPOSTED>2024-01-31<TRNAMT>1.00");
+    EXPECT_EQ(textOf(reader.qif[1], "errorMessage"), text::ofxNoDate);
+    EXPECT_EQ(textOf(reader.qif[2], "errorMessage"), text::ofxNoAmount);
+    EXPECT_EQ(reader.qif[2].size(), 2u);
+    EXPECT_EQ(textOf(reader.qif[3], "amount"), "3.00");
+}
+
+TEST_F(OfxReading, RangeIsInclusiveAndLeavesOutOfRangeSilently) {
+    std::string text = "<STMTTRN><DTPOSTED>20240131<TRNAMT>1"
+                       "<STMTTRN><DTPOSTED>20240201<TRNAMT>2"
+                       "<STMTTRN><DTPOSTED>20240202"; // out of range and no amount: not reported
+    reader.fromOFX(text, localMidnight(2024, 1, 31), localMidnight(2024, 2, 1));
+    ASSERT_EQ(reader.qif.size(), 2u);
+    reader.fromOFX("OFXHEADER:100 no transactions at all", from, to);
+    EXPECT_TRUE(reader.qif.empty());
+}
+
+TEST_F(OfxReading, TransactionTypesWhenAsked) {
+    addOption(t.ctx.prefs, option::useOFXTRNTYPE);
+    addOption(t.ctx.prefs, option::confirmAllTransactions);
+    reader.fromOFX("<STMTTRN><TRNTYPE>DEBIT<DTPOSTED>20240131<TRNAMT>-12"
+                   "<STMTTRN><TRNTYPE>CREDIT<DTPOSTED>20240131<TRNAMT>12"
+                   "<STMTTRN><DTPOSTED>20240131<TRNAMT>7",
+                   from, to);
+    ASSERT_EQ(reader.qif.size(), 3u);
+    EXPECT_EQ(textOf(reader.qif[0], "amount"), "--12"); // signed as a debit whatever its sign
+    EXPECT_EQ(textOf(reader.qif[0], "trntype"), "DEBIT");
+    EXPECT_EQ(textOf(reader.qif[1], "amount"), "12");
+    EXPECT_EQ(textOf(reader.qif[2], "errorMessage"), text::ofxNoType);
+    EXPECT_TRUE(reader.mustConfirm);
+}
+
+TEST_F(OfxReading, AddFieldFindsEmptyValuesAndStopsAtLineEnds) {
+    Dictionary record;
+    EXPECT_TRUE(BankingCreditCardQIF::addField("memo", "<MEMO>", "<MEMO>\r\n<NAME>x", record));
+    EXPECT_EQ(textOf(record, "memo", "absent"), "");
+    EXPECT_TRUE(BankingCreditCardQIF::addField("memo", "<MEMO>", "<MEMO>  a b\nc", record));
+    EXPECT_EQ(textOf(record, "memo"), "a b");
+    EXPECT_FALSE(BankingCreditCardQIF::addField("name", "<NAME>", "<name>lower", record));
+    EXPECT_FALSE(has(record, "name"));
+    EXPECT_TRUE(BankingCreditCardQIF::addField("memo", "<MEMO>", "<MEMO>", record));
+}
+
+} // namespace
+} // namespace tavvel
