@@ -50,3 +50,40 @@ std::size_t TerminalDialogs::ask(const std::string& title, const std::string& te
 }
 
 } // namespace tavvel
+
+namespace tavvel {
+
+// A path typed at the prompt; Return takes the fallback, end of input cancels.
+std::optional<std::string> TerminalDialogs::readPath(const std::string& prompt,
+                                                     const std::string& fallback) {
+    if (batch_)
+        return fallback.empty() ? std::nullopt : std::optional<std::string>(fallback);
+    out_ << prompt;
+    if (!fallback.empty())
+        out_ << " [" << terminalText(fallback) << "]";
+    out_ << ": " << std::flush;
+    std::string line;
+    if (!std::getline(in_, line))
+        return std::nullopt;
+    if (line.empty())
+        return fallback.empty() ? std::nullopt : std::optional<std::string>(fallback);
+    return line;
+}
+
+std::optional<std::string> TerminalDialogs::chooseFileToOpen(const FileChoice& choice) {
+    return readPath(choice.prompt.empty() ? "Open file" : choice.prompt, "");
+}
+
+std::optional<std::string> TerminalDialogs::chooseFileToSave(const FileChoice& choice) {
+    if (outputPath_)
+        return outputPath_;
+    return readPath("Save as", choice.suggestedName);
+}
+
+std::optional<std::string> TerminalDialogs::chooseFileToAppendTo(const FileChoice& choice) {
+    if (outputPath_)
+        return outputPath_;
+    return readPath(choice.prompt.empty() ? "Append To" : choice.prompt, "");
+}
+
+} // namespace tavvel

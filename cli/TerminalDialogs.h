@@ -5,6 +5,7 @@
 #include "ui/Dialogs.h"
 
 #include <istream>
+#include <optional>
 #include <ostream>
 
 namespace tavvel {
@@ -14,16 +15,24 @@ public:
     TerminalDialogs(std::istream& in, std::ostream& out, bool batch)
         : in_(in), out_(out), batch_(batch) {}
 
+    // The file the command line named for the output (-o); file panels answer with it.
+    void setOutputPath(std::optional<std::string> path) { outputPath_ = std::move(path); }
+
     void alert(const std::string& title, const std::string& text) override;
     std::size_t ask(const std::string& title, const std::string& text,
                     const std::vector<std::string>& buttons) override;
+    std::optional<std::string> chooseFileToOpen(const FileChoice& choice) override;
+    std::optional<std::string> chooseFileToSave(const FileChoice& choice) override;
+    std::optional<std::string> chooseFileToAppendTo(const FileChoice& choice) override;
 
 private:
     void printMessage(const std::string& title, const std::string& text);
+    std::optional<std::string> readPath(const std::string& prompt, const std::string& fallback);
 
     std::istream& in_;
     std::ostream& out_;
     bool batch_;
+    std::optional<std::string> outputPath_;
 };
 
 // Text for the terminal: decoded for display, and "\r" (the program's line break) as "\n".

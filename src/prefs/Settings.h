@@ -97,6 +97,9 @@ inline constexpr std::string_view dateFromString = "dateFromString";
 inline constexpr std::string_view dateToString = "dateToString";
 inline constexpr std::string_view outputDateString = "outputDateString";
 inline constexpr std::string_view outputFilePath = "outputFilePath";
+inline constexpr std::string_view whichTransactions = "whichTransactions";
+inline constexpr std::string_view outputNumberString = "outputNumberString";
+inline constexpr std::string_view outputFormat = "outputFormat";
 } // namespace runkey
 
 // find: — the option's position in the option list; nothing when it is absent or when there

@@ -3,7 +3,10 @@
 // returns when the user has answered. Texts are the program's own, shown as given ("\r" is a
 // line break).
 
+#include "ui/FileChoice.h"
+
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -20,6 +23,12 @@ public:
     // one and the default.
     virtual std::size_t ask(const std::string& title, const std::string& text,
                             const std::vector<std::string>& buttons) = 0;
+
+    // File panels: the chosen path, or nothing when the user cancelled.
+    virtual std::optional<std::string> chooseFileToOpen(const FileChoice& choice) = 0;
+    virtual std::optional<std::string> chooseFileToSave(const FileChoice& choice) = 0;
+    // An existing file to append to (prompt "Append To").
+    virtual std::optional<std::string> chooseFileToAppendTo(const FileChoice& choice) = 0;
 };
 
 } // namespace tavvel

@@ -11,13 +11,36 @@ ScriptedDialogs::~ScriptedDialogs() {
 }
 
 ScriptedDialogs& ScriptedDialogs::expectAlert(std::string title) {
-    script_.push_back({"alert", std::move(title), 0});
+    script_.push_back({"alert", std::move(title), 0, {}});
     return *this;
 }
 
 ScriptedDialogs& ScriptedDialogs::expectAsk(std::string title, std::size_t answer) {
-    script_.push_back({"ask", std::move(title), answer});
+    script_.push_back({"ask", std::move(title), answer, {}});
     return *this;
+}
+
+ScriptedDialogs& ScriptedDialogs::expectFile(std::string kind, std::optional<std::string> path) {
+    script_.push_back({std::move(kind), "", 0, std::move(path)});
+    return *this;
+}
+
+std::optional<std::string> ScriptedDialogs::file(const std::string& kind,
+                                                 const FileChoice& choice) {
+    fileChoices_.push_back(choice);
+    return next({kind, "", choice.suggestedName, {}}).path;
+}
+
+std::optional<std::string> ScriptedDialogs::chooseFileToOpen(const FileChoice& choice) {
+    return file("open", choice);
+}
+
+std::optional<std::string> ScriptedDialogs::chooseFileToSave(const FileChoice& choice) {
+    return file("save", choice);
+}
+
+std::optional<std::string> ScriptedDialogs::chooseFileToAppendTo(const FileChoice& choice) {
+    return file("append", choice);
 }
 
 const Shown& ScriptedDialogs::last() const {

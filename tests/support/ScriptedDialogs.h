@@ -6,6 +6,7 @@
 #include "ui/Dialogs.h"
 
 #include <deque>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -31,10 +32,19 @@ public:
     ScriptedDialogs& expectAlert(std::string title);
     // Expect a question with this title, answered with the button at `answer`.
     ScriptedDialogs& expectAsk(std::string title, std::size_t answer);
+    // Expect a file panel ("open", "save" or "append"), answered with the path (nothing: the
+    // user cancelled).
+    ScriptedDialogs& expectFile(std::string kind, std::optional<std::string> path);
 
     void alert(const std::string& title, const std::string& text) override;
     std::size_t ask(const std::string& title, const std::string& text,
                     const std::vector<std::string>& buttons) override;
+    std::optional<std::string> chooseFileToOpen(const FileChoice& choice) override;
+    std::optional<std::string> chooseFileToSave(const FileChoice& choice) override;
+    std::optional<std::string> chooseFileToAppendTo(const FileChoice& choice) override;
+
+    // The file panels shown so far, in order.
+    const std::vector<FileChoice>& fileChoices() const { return fileChoices_; }
 
     // Everything shown so far, in order.
     const std::vector<Shown>& shown() const { return shown_; }
@@ -47,13 +57,16 @@ protected:
         std::string kind;
         std::string title;
         std::size_t answer = 0;
+        std::optional<std::string> path;
     };
+    std::optional<std::string> file(const std::string& kind, const FileChoice& choice);
     // Takes the next step, which must be of this kind and title, or fails the test.
     Step next(const Shown& shown);
 
 private:
     std::deque<Step> script_;
     std::vector<Shown> shown_;
+    std::vector<FileChoice> fileChoices_;
 };
 
 } // namespace tavvel::test

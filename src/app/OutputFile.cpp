@@ -1,0 +1,44 @@
+#include "app/OutputFile.h"
+
+#include "context/Context.h"
+#include "prefs/Files.h"
+
+#include <unistd.h>
+
+namespace tavvel {
+
+std::string qifHeader(bool append, int gType, std::string_view account,
+                      std::string_view accountType) {
+    std::string name(account);
+    if (append && accountType == "Port")
+        return "!Account\nN" + name + "\nTPort\n^\n!Type:Invst\n";
+    if (append) {
+        std::string type(accountType);
+        return "!Account\nN" + name + "\nT" + type + "\n^\n!Type:" + type + "\n";
+    }
+    switch (gType) {
+    case kTypeBank:
+        return "!Type:Bank\n";
+    case kTypeCreditCard:
+        return "!Type:CCard\n";
+    case kTypeInvestment:
+        return "!Type:Invst\n";
+    default:
+        return "";
+    }
+}
+
+bool writeOutputFile(const OutputTarget& target, std::string_view outputText) {
+    std::string text;
+    bool appending = target.appendSwitchOn && (target.appendOption || !target.qifOutput);
+    if (appending && ::access(target.path.c_str(), W_OK) == 0) {
+        auto existing = readWholeFile(target.path);
+        if (!existing)
+            return false; // never replace a file we could not read back
+        text = std::move(*existing);
+    }
+    text.append(outputText);
+    return writeFileAtomically(target.path, text);
+}
+
+} // namespace tavvel
