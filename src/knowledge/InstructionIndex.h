@@ -1,0 +1,88 @@
+#pragma once
+// An index beside the instruction list, so that finding the instruction for a text costs the
+// same with a thousand instructions as with a hundred thousand. Match texts are folded to one
+// letter case and hashed; a lookup probes the text's own prefixes (or, matching contains, its
+// substrings) of the lengths that occur among the match texts, and takes positions in list
+// order from there, so list order and tie rules stay those of walkForInstruction on any list,
+// sorted or not. The owner keeps it in step with every change of the list.
+
+#include "knowledge/InstructionMatch.h"
+
+#include <cstddef>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace tavvel {
+
+class InstructionIndex {
+public:
+    void build(const Array& list);
+    // The list changed at one position; `entry` is the entry inserted, erased or replaced.
+    void inserted(std::size_t position, const Value& entry);
+    void erased(std::size_t position, const Value& entry);
+    void replaced(std::size_t position, const Value& old, const Value& now);
+
+    // Keys whose lookups the index answers; others are walked.
+    static bool covers(std::string_view key);
+
+    // Same answer as walkForInstruction(list, text, key, rules) for a covered key, given the
+    // list the index was kept in step with.
+    std::optional<std::size_t> find(const Array& list, std::string_view text, std::string_view key,
+                                    MatchRules rules) const;
+    // The first entry whose match text equals the text ignoring case.
+    std::optional<std::size_t> firstWithMatchText(const Array& list,
+                                                  std::string_view matchText) const;
+
+private:
+    struct Hash {
+        using is_transparent = void;
+        std::size_t operator()(std::string_view s) const {
+            return std::hash<std::string_view>{}(s);
+        }
+    };
+
+    // Folded texts to their positions in list order, and how many entries have each length.
+    class Table {
+    public:
+        void add(std::string folded, std::size_t position);
+        void remove(const std::string& folded, std::size_t position);
+        void shift(std::size_t from, bool up);
+        void clear();
+        const std::vector<std::size_t>* positionsOf(std::string_view folded) const;
+        const std::map<std::size_t, std::size_t>& lengths() const { return lengths_; }
+
+    private:
+        std::unordered_map<std::string, std::vector<std::size_t>, Hash, std::equal_to<>> positions_;
+        std::map<std::size_t, std::size_t> lengths_;
+    };
+
+    struct Hit {
+        std::size_t position;
+        std::size_t length;
+    };
+
+    // Calls visit(table, folded text) for each table that indexes the entry.
+    template <class Visit> void forEachKey(const Value& entry, Visit visit);
+    void add(std::size_t position, const Value& entry);
+    void remove(std::size_t position, const Value& entry);
+    const Table& tableFor(std::string_view key) const;
+    std::optional<std::size_t> firstApplying(const Array& list, const Table& table,
+                                             std::string_view folded, std::string_view text,
+                                             std::string_view key, MatchRules rules) const;
+    std::optional<std::size_t> findStartsWith(const Array& list, const Table& table,
+                                              std::string_view text, std::string_view key,
+                                              MatchRules rules) const;
+    std::optional<std::size_t> findContained(const Array& list, const Table& table,
+                                             std::string_view text, std::string_view key,
+                                             MatchRules rules) const;
+
+    Table descriptions_;
+    Table categories_;
+    Table matchTexts_;
+};
+
+} // namespace tavvel
