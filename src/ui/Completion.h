@@ -22,16 +22,15 @@ struct Completion {
 
 using Completer = std::function<std::optional<Completion>(std::string_view typed)>;
 
-// textAt(i) gives the text of entry i (a std::string_view or anything convertible to one).
-// With skipEmpty, entries with empty text are never offered (not even for an empty prefix).
-template <class TextAt>
-std::optional<std::size_t> shortestPrefixMatch(std::size_t count, TextAt textAt,
-                                               std::string_view typed, bool skipEmpty = false) {
+// The entry with the shortest text (in characters) that `accept` takes; the earlier on equal
+// lengths. textAt(i) gives the text of entry i as a std::string_view.
+template <class TextAt, class Accept>
+std::optional<std::size_t> shortestWhere(std::size_t count, TextAt textAt, Accept accept) {
     std::optional<std::size_t> best;
     std::size_t bestLength = 0;
     for (std::size_t i = 0; i < count; ++i) {
         std::string_view entry = textAt(i);
-        if ((skipEmpty && entry.empty()) || !startsWithIgnoringCase(entry, typed))
+        if (!accept(entry))
             continue;
         std::size_t length = characterCount(entry);
         if (!best || length < bestLength) {
@@ -40,6 +39,15 @@ std::optional<std::size_t> shortestPrefixMatch(std::size_t count, TextAt textAt,
         }
     }
     return best;
+}
+
+// With skipEmpty, entries with empty text are never offered (not even for an empty prefix).
+template <class TextAt>
+std::optional<std::size_t> shortestPrefixMatch(std::size_t count, TextAt textAt,
+                                               std::string_view typed, bool skipEmpty = false) {
+    return shortestWhere(count, textAt, [&](std::string_view entry) {
+        return !(skipEmpty && entry.empty()) && startsWithIgnoringCase(entry, typed);
+    });
 }
 
 // The completion of typed to entry, which must begin with it.
@@ -55,26 +63,26 @@ std::optional<Completion> shortestCompletion(std::size_t count, TextAt textAt,
     return completionTo(textAt(*at), typed);
 }
 
-// A typed ":" at the end moves to the next level: from the shortest entry that begins with
-// the text before the ":" on, in list order, the first that has a ":" after that text. The
-// entry up to and including that ":" counts as typed.
+// A typed ":" at the end moves to the next level: the shortest entry (the earlier of equal
+// length) that begins with the text before the ":" and has a ":" after it. The entry up to
+// and including that ":" counts as typed.
 template <class TextAt>
 std::optional<Completion> colonCompletion(std::size_t count, TextAt textAt,
                                           std::string_view typed) {
     if (typed.empty() || typed.back() != ':')
         return std::nullopt;
     std::string_view stem = typed.substr(0, typed.size() - 1);
-    auto from = shortestPrefixMatch(count, textAt, stem);
-    for (std::size_t i = from.value_or(count); i < count; ++i) {
-        std::string_view entry = textAt(i);
+    auto colonAfterStem = [&](std::string_view entry) {
         auto stemLength = prefixIgnoringCase(entry, stem);
-        if (!stemLength)
-            continue;
-        std::size_t colon = entry.find(':', *stemLength);
-        if (colon != std::string_view::npos)
-            return Completion{std::string(entry), colon + 1};
-    }
-    return std::nullopt;
+        return stemLength ? entry.find(':', *stemLength) : std::string_view::npos;
+    };
+    auto at = shortestWhere(count, textAt, [&](std::string_view entry) {
+        return colonAfterStem(entry) != std::string_view::npos;
+    });
+    if (!at)
+        return std::nullopt;
+    std::string_view entry = textAt(*at);
+    return Completion{std::string(entry), colonAfterStem(entry) + 1};
 }
 
 // The completion of a chooser whose entries may have levels separated by ":" (descriptions,

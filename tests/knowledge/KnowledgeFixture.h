@@ -49,4 +49,8 @@ inline Dictionary record(std::initializer_list<std::pair<const char*, Value>> en
     return out;
 }
 
+inline Value account(const char* name, const char* type) {
+    return Value(record({{"Name", name}, {"Type", type}}));
+}
+
 } // namespace tavvel::test
