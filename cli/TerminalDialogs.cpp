@@ -33,19 +33,64 @@ std::size_t TerminalDialogs::ask(const std::string& title, const std::string& te
             out_ << "-> " << terminalText(buttons.front()) << "\n";
         return 0;
     }
+    return readChoice(buttons.size());
+}
+
+std::size_t TerminalDialogs::readChoice(std::size_t count) {
     while (true) {
-        out_ << "Choose 1-" << buttons.size() << " [1]: " << std::flush;
+        out_ << "Choose 1-" << count << " [1]: " << std::flush;
         std::string line;
         // End of input answers with the default, as pressing Return would.
         if (!std::getline(in_, line) || line.empty())
             return 0;
         try {
             std::size_t pick = std::stoul(line);
-            if (pick >= 1 && pick <= buttons.size())
+            if (pick >= 1 && pick <= count)
                 return pick - 1;
         } catch (const std::exception&) {
         }
-        out_ << "Please type a number from 1 to " << buttons.size() << ".\n";
+        out_ << "Please type a number from 1 to " << count << ".\n";
+    }
+}
+
+ErrorWarningAnswer TerminalDialogs::errorWarning(const std::string& message,
+                                                 const std::string& text,
+                                                 const std::string& buttonTitle,
+                                                 bool offerDontWarn) {
+    printMessage("Error", message + text);
+    std::vector<std::string> choices{buttonTitle, "Cancel"};
+    if (offerDontWarn)
+        choices.push_back(buttonTitle + ", and do not warn again for this input format");
+    for (std::size_t i = 0; i < choices.size(); ++i)
+        out_ << "  " << (i + 1) << ") " << terminalText(choices[i]) << "\n";
+    if (batch_) {
+        out_ << "-> " << terminalText(buttonTitle) << "\n";
+        return {true, false};
+    }
+    std::size_t pick = readChoice(choices.size());
+    return {pick != 1, pick == 2};
+}
+
+CancelAnswer TerminalDialogs::cancelQuestion() {
+    printMessage("Cancel", "Stop now, or keep what is done so far to finish later?");
+    const char* choices[] = {"Stop now (nothing is written)",
+                             "Finish later (save a continuation file)", "Go on", "Always stop now",
+                             "Always finish later"};
+    for (std::size_t i = 0; i < std::size(choices); ++i)
+        out_ << "  " << (i + 1) << ") " << choices[i] << "\n";
+    if (batch_)
+        return {CancelChoice::stopNow, false};
+    switch (readChoice(std::size(choices))) {
+    case 0:
+        return {CancelChoice::stopNow, false};
+    case 1:
+        return {CancelChoice::finishLater, false};
+    case 3:
+        return {CancelChoice::stopNow, true};
+    case 4:
+        return {CancelChoice::finishLater, true};
+    default:
+        return {CancelChoice::goOn, false};
     }
 }
 

@@ -21,12 +21,17 @@ public:
     void alert(const std::string& title, const std::string& text) override;
     std::size_t ask(const std::string& title, const std::string& text,
                     const std::vector<std::string>& buttons) override;
+    ErrorWarningAnswer errorWarning(const std::string& message, const std::string& text,
+                                    const std::string& buttonTitle, bool offerDontWarn) override;
+    CancelAnswer cancelQuestion() override;
     std::optional<std::string> chooseFileToOpen(const FileChoice& choice) override;
     std::optional<std::string> chooseFileToSave(const FileChoice& choice) override;
     std::optional<std::string> chooseFileToAppendTo(const FileChoice& choice) override;
 
 private:
     void printMessage(const std::string& title, const std::string& text);
+    // The number typed for one of `count` choices (0-based); Return or end of input: 0.
+    std::size_t readChoice(std::size_t count);
     std::optional<std::string> readPath(const std::string& prompt, const std::string& fallback);
 
     std::istream& in_;

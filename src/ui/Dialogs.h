@@ -12,6 +12,19 @@
 
 namespace tavvel {
 
+// The answer to a record-level error warning.
+struct ErrorWarningAnswer {
+    bool pressedButton = true; // false: the user cancelled instead
+    bool dontWarnAgain = false;
+};
+
+// What Cancel during a run means.
+enum class CancelChoice { stopNow = 0, finishLater = 1, goOn = 2 };
+struct CancelAnswer {
+    CancelChoice choice = CancelChoice::goOn;
+    bool makePermanent = false; // only for stopNow and finishLater
+};
+
 class Dialogs {
 public:
     virtual ~Dialogs() = default;
@@ -23,6 +36,16 @@ public:
     // one and the default.
     virtual std::size_t ask(const std::string& title, const std::string& text,
                             const std::vector<std::string>& buttons) = 0;
+
+    // A record-level error: the message, the offending text, one default button with the given
+    // title (such as "Skip Transaction") and Cancel; the switch not to warn again is offered
+    // only when `offerDontWarn`.
+    virtual ErrorWarningAnswer errorWarning(const std::string& message, const std::string& text,
+                                            const std::string& buttonTitle, bool offerDontWarn) = 0;
+
+    // The cancel question: stop now, finish later, or go on; with a switch to make the choice
+    // permanent.
+    virtual CancelAnswer cancelQuestion() = 0;
 
     // File panels: the chosen path, or nothing when the user cancelled.
     virtual std::optional<std::string> chooseFileToOpen(const FileChoice& choice) = 0;

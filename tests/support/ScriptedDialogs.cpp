@@ -11,18 +11,47 @@ ScriptedDialogs::~ScriptedDialogs() {
 }
 
 ScriptedDialogs& ScriptedDialogs::expectAlert(std::string title) {
-    script_.push_back({"alert", std::move(title), 0, {}});
+    script_.push_back({"alert", std::move(title), 0, {}, false});
     return *this;
 }
 
 ScriptedDialogs& ScriptedDialogs::expectAsk(std::string title, std::size_t answer) {
-    script_.push_back({"ask", std::move(title), answer, {}});
+    script_.push_back({"ask", std::move(title), answer, {}, false});
     return *this;
 }
 
 ScriptedDialogs& ScriptedDialogs::expectFile(std::string kind, std::optional<std::string> path) {
-    script_.push_back({std::move(kind), "", 0, std::move(path)});
+    script_.push_back({std::move(kind), "", 0, std::move(path), false});
     return *this;
+}
+
+ScriptedDialogs& ScriptedDialogs::expectErrorWarning(std::string message, bool pressButton,
+                                                     bool dontWarnAgain) {
+    script_.push_back(
+        {"errorWarning", std::move(message), pressButton ? 1u : 0u, {}, dontWarnAgain});
+    return *this;
+}
+
+ScriptedDialogs& ScriptedDialogs::expectCancelQuestion(CancelChoice choice, bool makePermanent) {
+    script_.push_back({"cancel", "", static_cast<std::size_t>(choice), {}, makePermanent});
+    return *this;
+}
+
+ErrorWarningAnswer ScriptedDialogs::errorWarning(const std::string& message,
+                                                 const std::string& text,
+                                                 const std::string& buttonTitle,
+                                                 bool offerDontWarn) {
+    Step step = next({"errorWarning", message, text, {buttonTitle, "Cancel"}});
+    if (step.flag && !offerDontWarn) {
+        ADD_FAILURE() << "\"don't warn again\" ticked but not offered for: " << message;
+        throw UnexpectedDialog("switch not offered");
+    }
+    return {step.answer == 1, step.flag};
+}
+
+CancelAnswer ScriptedDialogs::cancelQuestion() {
+    Step step = next({"cancel", "", "", {}});
+    return {static_cast<CancelChoice>(step.answer), step.flag};
 }
 
 std::optional<std::string> ScriptedDialogs::file(const std::string& kind,

@@ -35,10 +35,19 @@ public:
     // Expect a file panel ("open", "save" or "append"), answered with the path (nothing: the
     // user cancelled).
     ScriptedDialogs& expectFile(std::string kind, std::optional<std::string> path);
+    // Expect an error warning whose message is `message`; press its button (or cancel), and
+    // tick "don't warn again" or not.
+    ScriptedDialogs& expectErrorWarning(std::string message, bool pressButton = true,
+                                        bool dontWarnAgain = false);
+    // Expect the cancel question, answered with the choice.
+    ScriptedDialogs& expectCancelQuestion(CancelChoice choice, bool makePermanent = false);
 
     void alert(const std::string& title, const std::string& text) override;
     std::size_t ask(const std::string& title, const std::string& text,
                     const std::vector<std::string>& buttons) override;
+    ErrorWarningAnswer errorWarning(const std::string& message, const std::string& text,
+                                    const std::string& buttonTitle, bool offerDontWarn) override;
+    CancelAnswer cancelQuestion() override;
     std::optional<std::string> chooseFileToOpen(const FileChoice& choice) override;
     std::optional<std::string> chooseFileToSave(const FileChoice& choice) override;
     std::optional<std::string> chooseFileToAppendTo(const FileChoice& choice) override;
@@ -58,6 +67,7 @@ protected:
         std::string title;
         std::size_t answer = 0;
         std::optional<std::string> path;
+        bool flag = false;
     };
     std::optional<std::string> file(const std::string& kind, const FileChoice& choice);
     // Takes the next step, which must be of this kind and title, or fails the test.
