@@ -111,6 +111,10 @@ std::string Value::describe(int indent) const {
     return out.str();
 }
 
+std::ostream& operator<<(std::ostream& out, const Value& value) {
+    return out << value.describe();
+}
+
 const Value* find(const Dictionary& record, std::string_view key) {
     auto it = record.find(key);
     return it == record.end() ? nullptr : &it->second;

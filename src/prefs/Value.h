@@ -6,6 +6,7 @@
 #include <compare>
 #include <cstdint>
 #include <map>
+#include <iosfwd>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -84,6 +85,9 @@ public:
 private:
     std::variant<std::string, std::int64_t, double, bool, Date, Data, Array, Dictionary> v_;
 };
+
+// Diagnostics, and readable test failures.
+std::ostream& operator<<(std::ostream& out, const Value& value);
 
 // Record helpers: records are dictionaries, and most lookups want "the text under this key".
 const Value* find(const Dictionary& record, std::string_view key);
