@@ -8,48 +8,6 @@
 
 namespace tavvel {
 
-void InstructionIndex::Table::add(std::string folded, std::size_t position) {
-    ++lengths_[folded.size()];
-    auto& at = positions_[std::move(folded)];
-    at.insert(std::upper_bound(at.begin(), at.end(), position), position);
-}
-
-void InstructionIndex::Table::remove(const std::string& folded, std::size_t position) {
-    auto it = positions_.find(folded);
-    if (it == positions_.end())
-        return;
-    auto& at = it->second;
-    auto found = std::lower_bound(at.begin(), at.end(), position);
-    if (found == at.end() || *found != position)
-        return;
-    at.erase(found);
-    if (at.empty())
-        positions_.erase(it);
-    if (auto length = lengths_.find(folded.size());
-        length != lengths_.end() && --length->second == 0)
-        lengths_.erase(length);
-}
-
-// Positions are kept as list indexes, so an insertion or removal moves every later one; the
-// list is written out whole on such a change anyway.
-void InstructionIndex::Table::shift(std::size_t from, bool up) {
-    for (auto& [text, at] : positions_)
-        for (std::size_t& position : at)
-            if (position >= from)
-                position = up ? position + 1 : position - 1;
-}
-
-void InstructionIndex::Table::clear() {
-    positions_.clear();
-    lengths_.clear();
-}
-
-const std::vector<std::size_t>*
-InstructionIndex::Table::positionsOf(std::string_view folded) const {
-    auto it = positions_.find(folded);
-    return it == positions_.end() ? nullptr : &it->second;
-}
-
 bool InstructionIndex::covers(std::string_view key) {
     return key == ikey::descriptionMatch || key == ikey::categoryMatch;
 }
@@ -104,31 +62,31 @@ const InstructionIndex::Table& InstructionIndex::tableFor(std::string_view key) 
     return key == ikey::categoryMatch ? categories_ : descriptions_;
 }
 
-// Entries with equal folded match texts apply alike; the check against the list itself only
-// guards bytes that are not UTF-8, where folded bytes and characters part ways.
-std::optional<std::size_t> InstructionIndex::firstApplying(const Array& list, const Table& table,
-                                                           std::string_view folded,
-                                                           std::string_view text,
-                                                           std::string_view key,
-                                                           MatchRules rules) const {
-    const std::vector<std::size_t>* at = table.positionsOf(folded);
+// The table knows texts by hash only: a hit is confirmed against the list, where the entry's
+// folded match text must be the probed text, and must apply character by character (which
+// differs from bytes only where a text is not UTF-8).
+std::optional<std::size_t>
+InstructionIndex::firstApplying(const Array& list, const Table& table, std::string_view folded,
+                                std::uint64_t hash, std::string_view text, std::string_view key,
+                                MatchRules rules) const {
+    if (!table.mayHold(hash))
+        return std::nullopt;
+    const PositionList* at = table.positionsOf(hash);
     if (!at)
         return std::nullopt;
-    for (std::size_t position : *at) {
-        if (position >= list.size())
-            continue;
-        const std::string* match = textIn(list[position], key);
-        if (match && (text.empty() ? match->empty() : matchApplies(text, *match, rules)))
-            return position;
-    }
-    return std::nullopt;
+    return at->firstWhere([&](std::size_t position) {
+        const std::string* match = position < list.size() ? textIn(list[position], key) : nullptr;
+        if (!match || foldCase(*match) != folded)
+            return false;
+        return text.empty() || matchApplies(text, *match, rules);
+    });
 }
 
 std::optional<std::size_t> InstructionIndex::find(const Array& list, std::string_view text,
                                                   std::string_view key, MatchRules rules) const {
     const Table& table = tableFor(key);
     if (text.empty())
-        return firstApplying(list, table, "", text, key, rules);
+        return firstApplying(list, table, "", RollingHash().value(), text, key, rules);
     if (rules.contains)
         return findContained(list, table, text, key, rules);
     return findStartsWith(list, table, text, key, rules);
@@ -139,26 +97,33 @@ std::optional<std::size_t> InstructionIndex::findStartsWith(const Array& list, c
                                                             std::string_view key,
                                                             MatchRules rules) const {
     std::string folded = foldCase(text);
-    std::string_view whole = folded;
+    std::size_t longest = std::min(folded.size(), table.longest());
+    // The rolling hash of every prefix that could be a match text, in one pass.
+    std::vector<std::uint64_t> hashes(longest + 1);
+    RollingHash hash;
+    for (std::size_t length = 0; length <= longest; ++length) {
+        hashes[length] = hash.value();
+        if (length < longest)
+            hash.add(folded[length]);
+    }
+    auto probe = [&](std::size_t length) {
+        if (!table.hasLength(length))
+            return std::optional<std::size_t>();
+        std::string_view prefix = std::string_view(folded).substr(0, length);
+        return firstApplying(list, table, prefix, hashes[length], text, key, rules);
+    };
     if (rules.longest) {
         // Prefixes of one text that differ in length differ in characters too, so the first
         // applying length from the top is the longest match.
-        for (auto it = table.lengths().rbegin(); it != table.lengths().rend(); ++it) {
-            if (it->first == 0 || it->first > whole.size())
-                continue;
-            if (auto at = firstApplying(list, table, whole.substr(0, it->first), text, key, rules))
+        for (std::size_t length = longest; length > 0; --length)
+            if (auto at = probe(length))
                 return at;
-        }
         return std::nullopt;
     }
     std::optional<std::size_t> best;
-    for (auto [length, count] : table.lengths()) {
-        if (length > whole.size())
-            break;
-        auto at = firstApplying(list, table, whole.substr(0, length), text, key, rules);
-        if (at && (!best || *at < *best))
+    for (std::size_t length = 0; length <= longest; ++length)
+        if (auto at = probe(length); at && (!best || *at < *best))
             best = at;
-    }
     return best;
 }
 
@@ -176,19 +141,20 @@ std::optional<std::size_t> InstructionIndex::findContained(const Array& list, co
             return hit.length > best->length;
         return hit.position < best->position;
     };
-    for (auto [length, count] : table.lengths()) {
-        if (length > whole.size())
-            break;
-        for (std::size_t start = 0; length > 0 && start + length <= whole.size(); ++start) {
-            std::string_view part = whole.substr(start, length);
-            const std::vector<std::size_t>* at = table.positionsOf(part);
-            if (!at || (best && !rules.longest && at->front() >= best->position))
+    for (std::size_t start = 0; start < whole.size(); ++start) {
+        RollingHash hash;
+        std::size_t longest = std::min(whole.size() - start, table.longest());
+        for (std::size_t length = 1; length <= longest; ++length) {
+            hash.add(whole[start + length - 1]);
+            if (!table.hasLength(length))
                 continue;
-            if (auto position = firstApplying(list, table, part, text, key, rules)) {
-                Hit hit{*position, characterCount(part)};
-                if (better(hit))
-                    best = hit;
-            }
+            std::string_view part = whole.substr(start, length);
+            auto position = firstApplying(list, table, part, hash.value(), text, key, rules);
+            if (!position)
+                continue;
+            Hit hit{*position, characterCount(part)};
+            if (better(hit))
+                best = hit;
         }
     }
     return best ? std::optional<std::size_t>(best->position) : std::nullopt;
@@ -196,16 +162,14 @@ std::optional<std::size_t> InstructionIndex::findContained(const Array& list, co
 
 std::optional<std::size_t> InstructionIndex::firstWithMatchText(const Array& list,
                                                                 std::string_view matchText) const {
-    const std::vector<std::size_t>* at = matchTexts_.positionsOf(foldCase(matchText));
+    const PositionList* at = matchTexts_.positionsOf(rollingHashOf(foldCase(matchText)));
     if (!at)
         return std::nullopt;
-    for (std::size_t position : *at) {
+    return at->firstWhere([&](std::size_t position) {
         const Dictionary* record =
             position < list.size() ? list[position].get<Dictionary>() : nullptr;
-        if (record && equalIgnoringCase(matchTextOf(*record), matchText))
-            return position;
-    }
-    return std::nullopt;
+        return record && equalIgnoringCase(matchTextOf(*record), matchText);
+    });
 }
 
 } // namespace tavvel

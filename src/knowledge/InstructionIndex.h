@@ -6,15 +6,13 @@
 // order from there, so list order and tie rules stay those of walkForInstruction on any list,
 // sorted or not. The owner keeps it in step with every change of the list.
 
+#include "knowledge/FoldedTextTable.h"
 #include "knowledge/InstructionMatch.h"
 
 #include <cstddef>
-#include <map>
+#include <cstdint>
 #include <optional>
-#include <string>
 #include <string_view>
-#include <unordered_map>
-#include <vector>
 
 namespace tavvel {
 
@@ -38,27 +36,7 @@ public:
                                                   std::string_view matchText) const;
 
 private:
-    struct Hash {
-        using is_transparent = void;
-        std::size_t operator()(std::string_view s) const {
-            return std::hash<std::string_view>{}(s);
-        }
-    };
-
-    // Folded texts to their positions in list order, and how many entries have each length.
-    class Table {
-    public:
-        void add(std::string folded, std::size_t position);
-        void remove(const std::string& folded, std::size_t position);
-        void shift(std::size_t from, bool up);
-        void clear();
-        const std::vector<std::size_t>* positionsOf(std::string_view folded) const;
-        const std::map<std::size_t, std::size_t>& lengths() const { return lengths_; }
-
-    private:
-        std::unordered_map<std::string, std::vector<std::size_t>, Hash, std::equal_to<>> positions_;
-        std::map<std::size_t, std::size_t> lengths_;
-    };
+    using Table = FoldedTextTable;
 
     struct Hit {
         std::size_t position;
@@ -70,9 +48,12 @@ private:
     void add(std::size_t position, const Value& entry);
     void remove(std::size_t position, const Value& entry);
     const Table& tableFor(std::string_view key) const;
+    // The first position holding the folded text whose entry applies to the text; the hash is
+    // the folded text's rolling hash, which lets the table rule out most absent texts at once.
     std::optional<std::size_t> firstApplying(const Array& list, const Table& table,
-                                             std::string_view folded, std::string_view text,
-                                             std::string_view key, MatchRules rules) const;
+                                             std::string_view folded, std::uint64_t hash,
+                                             std::string_view text, std::string_view key,
+                                             MatchRules rules) const;
     std::optional<std::size_t> findStartsWith(const Array& list, const Table& table,
                                               std::string_view text, std::string_view key,
                                               MatchRules rules) const;
