@@ -1,5 +1,6 @@
 #include "recognize/CalendarDate.h"
 
+#include <algorithm>
 #include <cmath>
 #include <map>
 #include <memory>
@@ -56,6 +57,26 @@ icu::SimpleDateFormat* formatter(std::string_view pattern) {
     return c.formatters.emplace(std::string(pattern), std::move(fmt)).first->second.get();
 }
 
+// Statement numbers reach here unchecked; ICU's fields are 32-bit.
+int32_t calendarField(std::int64_t value) {
+    constexpr std::int64_t kLimit = 100'000'000;
+    return static_cast<int32_t>(std::clamp(value, -kLimit, kLimit));
+}
+
+std::optional<DateComponents> localFields(Date instant) {
+    icu::Calendar* cal = localCalendar();
+    if (!cal)
+        return std::nullopt;
+    UErrorCode status = U_ZERO_ERROR;
+    cal->setTime(std::floor(instant.seconds * kMillis), status);
+    DateComponents c{cal->get(UCAL_EXTENDED_YEAR, status), cal->get(UCAL_MONTH, status) + 1,
+                     cal->get(UCAL_DATE, status),          cal->get(UCAL_HOUR_OF_DAY, status),
+                     cal->get(UCAL_MINUTE, status),        cal->get(UCAL_SECOND, status)};
+    if (U_FAILURE(status))
+        return std::nullopt;
+    return c;
+}
+
 } // namespace
 
 void useProcessTimeZone() {
@@ -64,11 +85,20 @@ void useProcessTimeZone() {
 }
 
 Date localMidnight(int year, int month, int day) {
+    return instantOf(DateComponents{year, month, day, 0, 0, 0});
+}
+
+DateComponents componentsOf(Date instant) {
+    return localFields(instant).value_or(DateComponents{});
+}
+
+Date instantOf(const DateComponents& c) {
     icu::Calendar* cal = localCalendar();
     if (!cal)
         return Date{};
     cal->clear();
-    cal->set(year, month - 1, day, 0, 0, 0);
+    cal->set(calendarField(c.year), calendarField(c.month) - 1, calendarField(c.day),
+             calendarField(c.hour), calendarField(c.minute), calendarField(c.second));
     UErrorCode status = U_ZERO_ERROR;
     UDate ms = cal->getTime(status);
     return U_FAILURE(status) ? Date{} : Date{ms / kMillis};
@@ -79,14 +109,11 @@ Date localMidnight(CalendarDate date) {
 }
 
 CalendarDate calendarDateOf(Date instant) {
-    icu::Calendar* cal = localCalendar();
-    if (!cal)
+    std::optional<DateComponents> c = localFields(instant);
+    if (!c)
         return {};
-    UErrorCode status = U_ZERO_ERROR;
-    cal->setTime(std::floor(instant.seconds * kMillis), status);
-    CalendarDate date{cal->get(UCAL_EXTENDED_YEAR, status), cal->get(UCAL_MONTH, status) + 1,
-                      cal->get(UCAL_DATE, status)};
-    return U_FAILURE(status) ? CalendarDate{} : date;
+    return CalendarDate{static_cast<int>(c->year), static_cast<int>(c->month),
+                        static_cast<int>(c->day)};
 }
 
 Date startOfDay(Date instant) {

@@ -4,6 +4,7 @@
 
 #include "prefs/Value.h"
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -20,6 +21,23 @@ struct CalendarDate {
     int day = 0;   // 1 to 31
     auto operator<=>(const CalendarDate&) const = default;
 };
+
+// A local date and time of day, field by field.
+struct DateComponents {
+    std::int64_t year = 0;
+    std::int64_t month = 1; // 1 to 12
+    std::int64_t day = 1;
+    std::int64_t hour = 0;
+    std::int64_t minute = 0;
+    std::int64_t second = 0;
+    auto operator<=>(const DateComponents&) const = default;
+};
+
+// The local date and time of day that the instant falls on, to the second.
+DateComponents componentsOf(Date instant);
+// The instant of a local date and time. Out-of-range fields roll over as a lenient calendar
+// does; fields too large for any calendar are held to the calendar's limits first.
+Date instantOf(const DateComponents& components);
 
 // The instant of the local midnight that starts the day. Out-of-range months and days roll
 // over as a lenient calendar does (month 13 is January of the next year).
