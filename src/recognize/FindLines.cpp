@@ -1,0 +1,59 @@
+#include "recognize/FindLines.h"
+
+namespace tavvel {
+
+namespace {
+
+struct LineEnds {
+    std::size_t crlf = 0;
+    std::size_t lf = 0;
+    std::size_t cr = 0;
+};
+
+// One pass over the text: a large statement is read from memory as few times as may be.
+LineEnds countLineEnds(std::string_view text) {
+    LineEnds ends;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] == '\n') {
+            ++ends.lf;
+        } else if (text[i] == '\r') {
+            ++ends.cr;
+            if (i + 1 < text.size() && text[i + 1] == '\n')
+                ++ends.crlf;
+        }
+    }
+    return ends;
+}
+
+std::vector<std::string> split(std::string_view text, std::string_view separator,
+                               std::size_t pieces) {
+    std::vector<std::string> lines;
+    lines.reserve(pieces);
+    std::size_t from = 0;
+    for (std::size_t at = text.find(separator); at != std::string_view::npos;
+         at = text.find(separator, from)) {
+        lines.emplace_back(text.substr(from, at - from));
+        from = at + separator.size();
+    }
+    lines.emplace_back(text.substr(from));
+    return lines;
+}
+
+} // namespace
+
+std::vector<std::string> findLines(std::string_view text) {
+    const LineEnds ends = countLineEnds(text);
+    if (ends.crlf > 0 && ends.lf == ends.crlf)
+        return split(text, "\r\n", ends.crlf + 1);
+    if (ends.crlf > 0) {
+        std::vector<std::string> lines = split(text, "\n", ends.lf + 1);
+        for (std::string& line : lines)
+            std::erase(line, '\r');
+        return lines;
+    }
+    if (ends.cr > 0)
+        return split(text, "\r", ends.cr + 1);
+    return split(text, "\n", ends.lf + 1);
+}
+
+} // namespace tavvel
