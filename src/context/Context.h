@@ -7,6 +7,8 @@
 #include "prefs/OutputFormatting.h"
 #include "prefs/Places.h"
 #include "prefs/TvPrefs.h"
+#include "recognize/BlankCounts.h"
+#include "recognize/TvDate.h"
 
 #include <string_view>
 
@@ -40,6 +42,10 @@ public:
 
     // The output date formatters and the amount decimal separator, shared by every form.
     OutputFormatting output;
+
+    // The date utility shared by all date code, and the field scanners' blank counters.
+    TvDate gTvDate;
+    BlankCounts blanks;
 };
 
 } // namespace tavvel
