@@ -12,4 +12,7 @@ inline constexpr std::string_view ofxNoAmount =
 inline constexpr std::string_view ofxNoType =
     "The following OFX transaction has no type; it cannot be processed: ";
 
+inline constexpr std::string_view skipTransaction = "Skip Transaction";
+inline constexpr std::string_view noDescription = "NO DESCRIPTION";
+
 } // namespace tavvel::text

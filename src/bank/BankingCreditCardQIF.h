@@ -14,10 +14,34 @@
 namespace tavvel {
 
 class Context;
+class Dialogs;
+class ErrorWarning;
+class OutputFormats;
+
+// What the run hands the walk (the run form's choices for this run).
+struct WalkOptions {
+    std::string outputDate;   // a fixed date for every transaction, or ""
+    std::string outputNumber; // a fixed number for every transaction, or ""
+    bool markAsCleared = false;
+    bool markAsUncleared = false;
+    bool swapDescriptionAndMemo = false;     // the input-type choice asks for it
+    const Dictionary* inputFormat = nullptr; // for text input: error warnings may be silenced
+};
+
+// How a walk ended: the number of transactions appended, and the continuation record when the
+// user chose to finish later.
+struct WalkResult {
+    std::size_t appended = 0;
+    std::optional<Dictionary> continuation;
+};
 
 class BankingCreditCardQIF {
 public:
     explicit BankingCreditCardQIF(Context& ctx) : ctx_(ctx) {}
+
+    // fromQIFLines:fromDate:toDate: — 0 on success, otherwise the 1-based number of the line
+    // whose date could not be read (records read before it stay in `qif`).
+    std::size_t fromQIFLines(const std::vector<std::string>& lines, Date fromDate, Date toDate);
 
     // fromOFX:fromDate:toDate: — reads every <STMTTRN> piece; unreadable transactions become
     // error records in their place. Both range ends are inclusive.
@@ -37,6 +61,12 @@ public:
     // processSplits: — rebuilds `splits` for output from the current transaction's splits.
     void processSplits(const Array* transactionSplits);
 
+    // processInstructionsAndAppendToString:didEndDelegate:didEndSelector: — walks the records
+    // from currentTransactionIndex, appending each finished transaction to `output`.
+    WalkResult processInstructionsAndAppendToString(std::string& output, OutputFormats& writer,
+                                                    ErrorWarning& warning, Dialogs& dialogs,
+                                                    const WalkOptions& options);
+
     // The tag of the QIF input-type choice of the run (see QifInputTypes.h).
     int qifInputTypeTag = 0;
 
@@ -47,8 +77,22 @@ public:
     bool doingInvestmentBankingTransaction = false;
     std::optional<Array> splits;
     bool splitsOK = true;
+    std::size_t numberOfTransactionsAppended = 0;
+    // One-shot request to swap description and memo of the current transaction.
+    bool doSwap = false;
+    std::optional<std::string> extractedCheckNumber;
 
 private:
+    struct Prepared; // the current transaction made ready: steps before the decision
+    Prepared prepare(Dictionary& record, std::string& output, const WalkOptions& options);
+    bool keepsInputCategory(const Dictionary& record) const;
+    void outputKept(const Prepared& p, Dictionary& record, std::string& output,
+                    OutputFormats& writer, const WalkOptions& options);
+    std::optional<std::string> numberFor(const Dictionary& record,
+                                         const WalkOptions& options) const;
+    std::optional<std::string> clearedFor(const Dictionary& record,
+                                          const WalkOptions& options) const;
+
     void startReading();
     void finishReading();
     std::optional<Dictionary> readOFXTransaction(std::string_view piece, std::string_view text,

@@ -22,6 +22,10 @@ inline constexpr QifInputType kQifInputTypes[] = {
     {"Swap and Reverse Signs", kQifSwapDescriptionAndMemo | kQifReverseSigns},
 };
 
+// The choices for OFX and QFX input: the second swaps description and memo.
+inline constexpr std::string_view kQfxInputTypes[] = {"Normal", "Swap Description and Memo"};
+inline constexpr int kQfxSwapIndex = 1;
+
 // The tag of the choice at the pop-up index (the stored `inputQIFType`); 0 out of range.
 constexpr int qifInputTypeTag(long long index) {
     if (index < 0 || index >= static_cast<long long>(std::size(kQifInputTypes)))

@@ -1,0 +1,130 @@
+// QIF register reading. Stages: decide what ends a record (a "^" line, or empty lines when the
+// file has no "^" at all); walk the lines with the skip flag of out-of-range records; collect
+// fields and splits; keep each record that a "^" ends once it has a date.
+
+#include "bank/BankingCreditCardQIF.h"
+#include "bank/TransactionKeys.h"
+#include "context/Context.h"
+#include "prefs/Settings.h"
+#include "recognize/CalendarDate.h"
+#include "recognize/ParseDate.h"
+#include "recognize/TextRewrite.h"
+#include "recognize/TvDate.h"
+
+#include <algorithm>
+
+namespace tavvel {
+
+namespace {
+
+struct PendingSplit {
+    std::optional<std::string> category;
+    std::optional<std::string> memo;
+    std::optional<Array> list;
+};
+
+// The plain fields, by their letter.
+std::optional<std::string_view> keyFor(char letter) {
+    switch (letter) {
+    case 'N':
+        return txkey::number;
+    case 'M':
+        return txkey::memo;
+    case 'L':
+        return txkey::category;
+    case 'C':
+        return txkey::cleared;
+    case 'P':
+        return txkey::description;
+    case 'T':
+        return txkey::amount;
+    default:
+        return std::nullopt;
+    }
+}
+
+// S starts a split, E gives its memo, $ adds it with an amount. Several $ lines after one S
+// repeat its category; a $ before any S adds nothing.
+void splitLine(std::string_view line, PendingSplit& split) {
+    std::string rest(line.substr(1));
+    switch (line.front()) {
+    case 'S':
+        split.category = rest;
+        split.memo.reset();
+        if (!split.list)
+            split.list = Array{};
+        break;
+    case 'E':
+        split.memo = rest;
+        break;
+    case '$':
+        if (!split.category || !split.list)
+            break;
+        split.list->emplace_back(Dictionary{{"category", Value(*split.category)},
+                                            {"memo", Value(split.memo.value_or(""))},
+                                            {"amount", Value(rest)}});
+        break;
+    }
+}
+
+} // namespace
+
+std::size_t BankingCreditCardQIF::fromQIFLines(const std::vector<std::string>& lines, Date fromDate,
+                                               Date toDate) {
+    startReading();
+    bool caretEnds = std::find(lines.begin(), lines.end(), "^") != lines.end();
+    bool dayFirst = optionOn(ctx_.prefs, option::europeanDates);
+    std::string pattern = ctx_.output.longDatePattern();
+    Dictionary record;
+    PendingSplit split;
+    bool skipping = false;
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        std::string_view line = lines[i];
+        if (line.empty()) {
+            if (caretEnds)
+                continue;
+            line = "^";
+        }
+        if (line.front() == ' ')
+            continue;
+        if (line.front() == 'D') {
+            std::int64_t month = 0, day = 0, year = 0;
+            if (!parseQIFDate(line.substr(1), month, day, year, dayFirst, ctx_.config, ctx_.clock))
+                return i + 1;
+            Date date = TvDate().dateWithYear(year, month, day);
+            skipping = date < fromDate || date > toDate;
+            if (!skipping)
+                record.insert_or_assign(std::string(txkey::date), Value(formatDate(date, pattern)));
+            continue;
+        }
+        // An out-of-range record's "^" is passed over too, so whatever it collected before
+        // its D line carries into the next record: files have always been read that way.
+        if (skipping)
+            continue;
+        if (auto key = keyFor(line.front())) {
+            std::string rest(line.substr(1));
+            if (*key == txkey::amount)
+                rest = convertEuropeanAmount(rest);
+            record.insert_or_assign(std::string(*key), Value(std::move(rest)));
+            continue;
+        }
+        if (line.front() == '^') {
+            if (!has(record, txkey::date))
+                continue;
+            if (split.list) {
+                record.insert_or_assign(std::string(txkey::splits), Value(std::move(*split.list)));
+                record.erase(std::string(txkey::category));
+            }
+            qif.push_back(std::move(record));
+            record = Dictionary{};
+            split = PendingSplit{};
+            continue;
+        }
+        if (splitsOK && (line.front() == 'S' || line.front() == 'E' || line.front() == '$'))
+            splitLine(line, split);
+    }
+    finishReading();
+    return 0;
+}
+
+} // namespace tavvel

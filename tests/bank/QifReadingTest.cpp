@@ -1,0 +1,88 @@
+#include "bank/BankingCreditCardQIF.h"
+#include "prefs/Settings.h"
+#include "recognize/CalendarDate.h"
+#include "support/TestContext.h"
+
+#include <gtest/gtest.h>
+
+namespace tavvel {
+namespace {
+
+struct QifReading : ::testing::Test {
+    test::TestContext t;
+    BankingCreditCardQIF reader{t.ctx};
+    std::size_t read(std::vector<std::string> lines, Date from = kDistantPast,
+                     Date to = kDistantFuture) {
+        return reader.fromQIFLines(lines, from, to);
+    }
+};
+
+TEST_F(QifReading, FieldsSplitsAndRecordEnds) {
+    ASSERT_EQ(read({"D1/31/2024", "PCORNER GROCERY", "T1,234.56", "N1041", "MWeekly", "LFood", "CX",
+                    "^", "D2/1/2024", "PSPLIT", "T-5", "LIgnored", "SFood", "$-2", "SGifts",
+                    "EFor Ann", "$-3", "$-1", "^"}),
+              0u);
+    ASSERT_EQ(reader.qif.size(), 2u);
+    EXPECT_EQ(reader.maxTransactionIndex, 2u);
+    const Dictionary& first = reader.qif[0];
+    EXPECT_EQ(textOf(first, "date"), "1/31/2024");
+    EXPECT_EQ(textOf(first, "amount"), "1,234.56");
+    EXPECT_EQ(textOf(first, "number"), "1041");
+    EXPECT_EQ(textOf(first, "cleared"), "X");
+    const Dictionary& second = reader.qif[1];
+    EXPECT_FALSE(has(second, "category")); // splits replace the category
+    const Array& splits = second.at("splits").array();
+    ASSERT_EQ(splits.size(), 3u);
+    EXPECT_EQ(
+        splits[0].dictionary(),
+        (Dictionary{{"category", Value("Food")}, {"memo", Value("")}, {"amount", Value("-2")}}));
+    EXPECT_EQ(textOf(splits[2].dictionary(), "category"), "Gifts"); // a repeated $ keeps its S
+    EXPECT_EQ(textOf(splits[2].dictionary(), "memo"), "For Ann");
+}
+
+TEST_F(QifReading, EuropeanAmountsOnTLinesOnly) {
+    read({"D1/2/2024", "T1.234,56", "SX", "$1.234,56", "^"});
+    EXPECT_EQ(textOf(reader.qif[0], "amount"), "1,234.56");
+    EXPECT_EQ(textOf(reader.qif[0].at("splits").array()[0].dictionary(), "amount"), "1.234,56");
+}
+
+TEST_F(QifReading, WithoutCaretsEmptyLinesEndRecords) {
+    read({"D1/2/2024", "PA", "T1", "", "D1/3/2024", "PB", "T2", "", "D1/4/2024", "PC", "T3"});
+    ASSERT_EQ(reader.qif.size(), 2u); // the last group has no blank line after it
+    EXPECT_EQ(textOf(reader.qif[1], "description"), "B");
+
+    read({"D1/2/2024", "", "PA", "T1", "^", "  indented", "$5", "^"});
+    ASSERT_EQ(reader.qif.size(), 1u); // with carets, empty lines are nothing
+    EXPECT_EQ(textOf(reader.qif[0], "description"), "A");
+    EXPECT_FALSE(has(reader.qif[0], "splits"));
+}
+
+TEST_F(QifReading, OutOfRangeRecordsCarryTheirEarlyFieldsOver) {
+    Date from = localMidnight(2024, 1, 2), to = localMidnight(2024, 1, 3);
+    read({"D1/1/2024", "PTOO EARLY", "T9", "^", // out of range: dropped
+          "D1/2/2024", "PFIRST DAY", "T1", "^", // inclusive start
+          "T7", "D1/1/2024", "PEARLY", "^",     // out of range; its T before D carries over
+          "D1/3/2024", "PLAST DAY", "^"},       // inclusive end, takes T7
+         from, to);
+    ASSERT_EQ(reader.qif.size(), 2u);
+    EXPECT_EQ(textOf(reader.qif[0], "description"), "FIRST DAY");
+    EXPECT_EQ(textOf(reader.qif[0], "amount"), "1");
+    EXPECT_EQ(textOf(reader.qif[1], "description"), "LAST DAY");
+    EXPECT_EQ(textOf(reader.qif[1], "amount"), "7");
+}
+
+TEST_F(QifReading, UnreadableDateGivesItsLineNumber) {
+    EXPECT_EQ(read({"D1/2/2024", "T1", "^", "Dgarbage", "T2", "^"}), 4u);
+    EXPECT_EQ(reader.qif.size(), 1u);
+    EXPECT_EQ(read({}), 0u);
+    EXPECT_TRUE(reader.qif.empty());
+}
+
+TEST_F(QifReading, DayFirstDatesWhenSet) {
+    addOption(t.ctx.prefs, option::europeanDates);
+    read({"D3/4/2024", "T1", "^"});
+    EXPECT_EQ(textOf(reader.qif[0], "date"), "4/3/2024");
+}
+
+} // namespace
+} // namespace tavvel
