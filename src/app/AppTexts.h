@@ -53,4 +53,59 @@ inline constexpr std::string_view listImportSecurities =
 inline constexpr std::string_view listImportCorrupted =
     "%@ appears to be an unsupported or corrupted QIF export; it cannot be imported.";
 
+// Intake and classification.
+inline constexpr std::string_view clipboardEmptyTitle = "Clipboard Empty";
+inline constexpr std::string_view clipboardEmpty =
+    "The clipboard does not appear to contain any text and cannot be processed.";
+inline constexpr std::string_view invalidInputTitle = "Invalid Input";
+inline constexpr std::string_view ofxNotBankOrCard =
+    "%@ appears to contain QFX/OFX but does not represent Bank or Credit Card transactions; it "
+    "cannot be processed.";
+inline constexpr std::string_view noTransactionsTitle = "No Transactions";
+inline constexpr std::string_view noQifTransactions = "%@ contains no QIF transactions to process.";
+inline constexpr std::string_view multipleAccounts =
+    "%@ contains transactions for multiple accounts; it cannot be processed.  Tavvel handles only "
+    "one account at a time.";
+inline constexpr std::string_view noTransactionsInAccount =
+    "%@ contains no transactions; it cannot be processed.";
+inline constexpr std::string_view investmentQif =
+    "%@ contains INVESTMENT QIF, which is not supported by Tavvel. It cannot be processed.";
+inline constexpr std::string_view textWithoutDate =
+    "The input is not in QIF format, and does not appear to contain a date.  It cannot be "
+    "processed.";
+inline constexpr std::string_view sourceFile = "File \"%@\"";
+inline constexpr std::string_view sourceContinuation = "Continuation file \"%@\"";
+inline constexpr std::string_view sourceClipboard = "The clipboard";
+inline constexpr std::string_view clipboard = "Clipboard";
+
+// Processing.
+inline constexpr std::string_view noCategoriesTitle = "No Categories";
+inline constexpr std::string_view noCategories =
+    "Warning: If you are using financial software that supports categories and you use "
+    "categories, you should export your Categories into a QIF file, and then open the resulting "
+    "file with Tavvel before proceeding. Alternatively you can use the Edit->Categories function "
+    "to enter categories yourself. You will receive this warning only once.";
+inline constexpr std::string_view needSecuritiesTitle = "Need Security Names";
+inline constexpr std::string_view needSecurities =
+    "In order to process investment transactions, Tavvel needs to know the names and optionally "
+    "symbols that your financial software uses.\r\rIf your financial software supports it "
+    "(Quicken 2007 does), you can export your Securities info into a QIF file, and then open the "
+    "resulting file with Tavvel before proceeding.\r\rOtherwise, you can enter each security when "
+    "prompted, or use Edit->Securities to enter the information yourself.";
+inline constexpr std::string_view invalidFormatTitle = "Invalid Format";
+inline constexpr std::string_view invalidFormat =
+    "The text cannot be interpreted using the selected format.";
+inline constexpr std::string_view invalidOfxTitle = "Invalid OFX";
+inline constexpr std::string_view invalidOfx = "This investment OFX cannot be understood.";
+inline constexpr std::string_view corruptedQif =
+    "%@ appears to contain corrupted QIF on line %ld; it cannot be processed.";
+inline constexpr std::string_view finishedTitle = "Finished Processing Transactions";
+inline constexpr std::string_view noTransactionsOutput = "No transactions output.";
+inline constexpr std::string_view appendTo = "Append To";
+// Our own: a closing message must never claim a file that was not written.
+inline constexpr std::string_view outputNotWrittenTitle = "Output File Not Written";
+inline constexpr std::string_view outputNotWritten =
+    "%@ could not be written, so nothing was saved.  Check that its folder exists and that you "
+    "may write to it, then process the transactions again.";
+
 } // namespace tavvel::text

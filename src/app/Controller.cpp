@@ -1,0 +1,262 @@
+// Intake and classification. Stages: take the input (file, clipboard); replace NUL bytes;
+// OFX when "OFXHEADER" occurs anywhere, else cut into lines, offer them to the QIF list
+// importer, find the head line and decide QIF or free text; refuse what cannot be processed;
+// prepare the run form, or run at once when asked to.
+
+#include "app/Controller.h"
+
+#include "app/AppTexts.h"
+#include "app/Format.h"
+#include "app/ImportQuickenExport.h"
+#include "context/Context.h"
+#include "knowledge/Accounts.h"
+#include "knowledge/Categories.h"
+#include "knowledge/Formats.h"
+#include "prefs/Files.h"
+#include "prefs/Settings.h"
+#include "recognize/FindDate.h"
+#include "recognize/FindLines.h"
+#include "ui/Dialogs.h"
+#include "ui/RunFormTexts.h"
+
+#include <algorithm>
+#include <filesystem>
+
+namespace tavvel {
+
+namespace {
+
+bool startsWith(std::string_view text, std::string_view prefix) {
+    return text.substr(0, prefix.size()) == prefix;
+}
+
+bool contains(std::string_view text, std::string_view part) {
+    return text.find(part) != std::string_view::npos;
+}
+
+// The account named by <ACCTID>: from 8 bytes past the tag up to white space or "<".
+std::optional<std::string> ofxAccount(std::string_view text) {
+    std::size_t at = text.find("<ACCTID>");
+    if (at == std::string_view::npos)
+        return std::nullopt;
+    std::size_t begin = at + 8;
+    std::size_t end = text.find_first_of(" \t\r\n\f\v<", begin);
+    if (end == std::string_view::npos)
+        return std::nullopt;
+    return std::string(text.substr(begin, end - begin));
+}
+
+} // namespace
+
+Controller::Controller(Context& ctx, Dialogs& dialogs)
+    : ctx_(ctx), dialogs_(dialogs), writer_(ctx, dialogs), form_(ctx, writer_),
+      warning_(dialogs, [&ctx](const Dictionary& format) { Formats(ctx.prefs).addFormat(format); }),
+      reader_(ctx) {}
+
+void Controller::statusAlert(std::string_view title, std::string_view format,
+                             std::string_view argument) {
+    doneWithFile();
+    lastTitle = std::string(title);
+    lastMessage = formatMessage(format, argument);
+    dialogs_.alert(lastTitle, lastMessage);
+}
+
+Intake Controller::refuse(std::string_view title, std::string_view format) {
+    statusAlert(title, format, source);
+    return Intake::refused;
+}
+
+void Controller::doneWithFile() {
+    ctx_.processing = false;
+}
+
+Intake Controller::actuallyProcessFile(const std::string& path) {
+    std::filesystem::path file(path);
+    ctx_.prefs.setObject(prefkey::LastRootDirectory, Value(file.parent_path().string()));
+    ctx_.prefs.synchronize();
+    continuationData.reset();
+    source = formatMessage(text::sourceFile, file.filename().string());
+    inputFrom = file.filename().string();
+    fileAsString = readWholeFile(file).value_or("");
+    return processInput();
+}
+
+Intake Controller::processClipboard(const std::optional<std::string>& text) {
+    if (!text) {
+        dialogs_.alert(std::string(text::clipboardEmptyTitle), std::string(text::clipboardEmpty));
+        return Intake::refused;
+    }
+    doingClipboard = true;
+    fileAsString = *text;
+    inputFrom = std::string(text::clipboard);
+    source = std::string(text::sourceClipboard);
+    continuationData.reset();
+    return processInput();
+}
+
+bool Controller::applicationDidBecomeActive(const std::optional<std::string>& clipboard) {
+    justActivated = true;
+    if (ctx_.processing || !clipboard || clipboard->empty() || *clipboard == lastProcessedClipboard)
+        return false;
+    std::int64_t length = 0;
+    if (!findDateSlash(*clipboard, length) && !findDateDash(*clipboard, length) &&
+        !findDateLong(*clipboard, length, ctx_.config))
+        return false;
+    fileAsString = *clipboard;
+    inputFrom = std::string(text::clipboard);
+    source = std::string(text::sourceClipboard);
+    continuationData.reset();
+    return true;
+}
+
+Intake Controller::processInput() {
+    justActivated = false;
+    std::replace(fileAsString.begin(), fileAsString.end(), '\0', ' ');
+    account.reset();
+    fileAsLines.clear();
+    skippedLines = 0;
+    if (contains(fileAsString, "OFXHEADER"))
+        return classifyOFX();
+    return classifyLines();
+}
+
+bool Controller::checkCategories() {
+    Categories categories(ctx_.prefs);
+    if (categories.exists())
+        return true;
+    dialogs_.alert(std::string(text::noCategoriesTitle), std::string(text::noCategories));
+    categories.createEmpty();
+    return false;
+}
+
+bool Controller::checkAccountsForAppend() {
+    if (!Accounts(ctx_.prefs).getAccountsArray().empty())
+        return true;
+    dialogs_.alert(std::string(text::noAccountsTitle), std::string(text::noAccounts));
+    return false;
+}
+
+bool Controller::passesRunChecks() {
+    if (!checkCategories())
+        return false;
+    return !optionOn(ctx_.prefs, option::append) || checkAccountsForAppend();
+}
+
+int Controller::accountKindFor(int gType) const {
+    if (gType == kTypeInvestment)
+        return 2;
+    if (gType == kTypeBankOrCreditCard || optionOn(ctx_.prefs, option::showAllAccountNames))
+        return 3;
+    return gType;
+}
+
+Intake Controller::classifyOFX() {
+    doingExtract = doingClipboard = false;
+    account = ofxAccount(fileAsString);
+    if (!passesRunChecks())
+        return Intake::refused;
+    struct Kind {
+        std::string_view marker;
+        int gType;
+        std::string_view shown;
+    };
+    constexpr Kind kinds[] = {{"<BANKMSGSRSV", kTypeBank, "Bank"},
+                              {"<CREDITCARDMSGSRSV", kTypeCreditCard, "Credit Card"},
+                              {"<INVSTMTMSGSRSV", kTypeInvestment, "Investment"}};
+    const Kind* found = nullptr;
+    for (const Kind& kind : kinds)
+        if (!found && contains(fileAsString, kind.marker))
+            found = &kind;
+    if (!found)
+        return refuse(text::invalidInputTitle, text::ofxNotBankOrCard);
+    ctx_.gType = found->gType;
+    form_.setInput({false, std::string(found->shown), accountKindFor(found->gType), account});
+    form_.qfxType = 0;
+    controlHelpAnchor = "QFX";
+    return endClassification();
+}
+
+Intake Controller::classifyLines() {
+    fileAsLines = findLines(fileAsString);
+    std::vector<std::string_view> views(fileAsLines.begin(), fileAsLines.end());
+    std::size_t start = 0;
+    int result = ImportQuickenExport(ctx_.prefs, dialogs_).process(views, start, source);
+    if (result > 0 && (result & (ImportQuickenExport::kAccountsReplaced |
+                                 ImportQuickenExport::kCategoriesReplaced)))
+        Categories(ctx_.prefs).updateAccounts();
+    if (result == ImportQuickenExport::kMalformed)
+        dialogs_.alert(std::string(text::listImportTitle),
+                       formatMessage(text::listImportCorrupted, source));
+    if (result <= 0)
+        start = 0;
+    std::size_t head = start;
+    while (head < fileAsLines.size() && fileAsLines[head].empty())
+        ++head;
+    if (head >= fileAsLines.size())
+        return refuse(text::noTransactionsTitle, text::noQifTransactions);
+    return classifyQIF(head);
+}
+
+Intake Controller::classifyQIF(std::size_t head) {
+    bool recordEnds =
+        std::any_of(fileAsLines.begin() + static_cast<std::ptrdiff_t>(head), fileAsLines.end(),
+                    [](const std::string& l) { return l.empty() || l == "^"; });
+    bool resuming = continuationData.has_value();
+    if (fileAsLines[head] == "!Account") {
+        auto next = std::find(fileAsLines.begin() + static_cast<std::ptrdiff_t>(head) + 1,
+                              fileAsLines.end(), "!Account");
+        if (next != fileAsLines.end() && !resuming)
+            return refuse(text::invalidInputTitle, text::multipleAccounts);
+        if (head + 1 < fileAsLines.size())
+            account = fileAsLines[head + 1].substr(
+                std::min<std::size_t>(1, fileAsLines[head + 1].size()));
+        auto type = std::find_if(
+            fileAsLines.begin() + static_cast<std::ptrdiff_t>(head) + 1, fileAsLines.end(),
+            [](const std::string& l) { return startsWith(l, "!Type") || startsWith(l, "!TYPE"); });
+        if (type == fileAsLines.end() && !resuming)
+            return refuse(text::invalidInputTitle, text::noTransactionsInAccount);
+        if (type != fileAsLines.end())
+            head = static_cast<std::size_t>(type - fileAsLines.begin());
+    }
+    const std::string& headLine = fileAsLines[head];
+    bool qif = recordEnds && (startsWith(headLine, "!Type") || startsWith(headLine, "!TYPE") ||
+                              startsWith(headLine, "C*") || startsWith(headLine, "D"));
+    if (!qif)
+        return extract();
+    doingExtract = doingClipboard = false;
+    if (!passesRunChecks())
+        return Intake::refused;
+    std::size_t skip = head;
+    std::string shown = "Bank or Credit Card";
+    if (headLine == "!Type:Bank" || headLine == "!Type:CCard") {
+        ctx_.gType = headLine == "!Type:Bank" ? kTypeBank : kTypeCreditCard;
+        shown = ctx_.gType == kTypeBank ? "Bank" : "Credit Card";
+        skip = head + 1;
+    } else if (headLine == "!Type:Invst") {
+        if (!resuming)
+            return refuse(text::invalidInputTitle, text::investmentQif);
+        shown = "Investment";
+    } else {
+        ctx_.gType = kTypeBankOrCreditCard;
+    }
+    int kind = headLine == "!Type:Invst" ? 2 : accountKindFor(ctx_.gType);
+    form_.setInput({false, shown, kind, account});
+    fileAsLines.erase(fileAsLines.begin(), fileAsLines.begin() + static_cast<std::ptrdiff_t>(skip));
+    skippedLines = skip;
+    controlHelpAnchor = "QIF";
+    return endClassification();
+}
+
+Intake Controller::endClassification() {
+    ctx_.processing = true;
+    form_.fillInTransactionPart();
+    form_.fillInAccountAndOutputPart();
+    bool automatic = optionOn(ctx_.prefs, option::runAutomatically) &&
+                     !optionOn(ctx_.prefs, option::append) && form_.processEnabled();
+    if (!automatic)
+        return Intake::formReady;
+    processTheTransactions(false);
+    return Intake::ranAtOnce;
+}
+
+} // namespace tavvel

@@ -1,0 +1,100 @@
+#pragma once
+// One conversion run at a time: the input arrives (a file, the clipboard), is classified as
+// OFX, QIF or free text and refused when it cannot be processed; the run form is prepared;
+// then the transactions are read, walked and written to the output file.
+
+#include "bank/BankingCreditCardQIF.h"
+#include "formats/OutputFormats.h"
+#include "ui/RunForm.h"
+#include "ui/RunHelpers.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tavvel {
+
+class Context;
+class Dialogs;
+
+// Where classification left the run.
+enum class Intake {
+    refused,   // a message was shown; nothing else happened
+    formReady, // the run form waits for the user
+    ranAtOnce, // `runAutomatically`: the run already happened
+    imported,  // an input format file was imported; no run
+};
+
+// How a run ended.
+enum class RunEnd { notStarted, cancelled, stopped, written, nothingOutput, writeFailed };
+
+class Controller {
+public:
+    Controller(Context& ctx, Dialogs& dialogs);
+
+    // actuallyProcessFile: — reads the file (a read failure is empty text) and classifies it.
+    Intake actuallyProcessFile(const std::string& path);
+    // processClipboard: — the clipboard's text on request (nothing: it holds no text).
+    Intake processClipboard(const std::optional<std::string>& text);
+    // applicationDidBecomeActive: — true when the clipboard holds new text with a date, so
+    // the front end should call processInput() once after 1.0 second.
+    bool applicationDidBecomeActive(const std::optional<std::string>& clipboard);
+    // processInput — classification of fileAsString.
+    Intake processInput();
+
+    // processTheTransactions: — the process button. `mainWindowVisible` is false when the run
+    // started by itself (the suggested file name differs then).
+    RunEnd processTheTransactions(bool mainWindowVisible = true);
+
+    RunForm& form() { return form_; }
+    OutputFormats& outputFormats() { return writer_; }
+
+    // Run state.
+    std::string fileAsString;
+    std::vector<std::string> fileAsLines;
+    std::size_t skippedLines = 0;
+    std::string source;
+    std::string inputFrom;
+    std::optional<Dictionary> continuationData;
+    bool doingClipboard = false;
+    bool doingExtract = false;
+    std::string lastProcessedClipboard;
+    std::string controlHelpAnchor;
+    std::optional<std::string> account;
+    bool justActivated = false;
+    std::string outputFilePath;
+    std::string outputFileAsString;
+    // The closing message of the last run (title and text), for front ends that report it.
+    std::string lastTitle, lastMessage;
+
+private:
+    Intake refuse(std::string_view title, std::string_view format);
+    void statusAlert(std::string_view title, std::string_view format, std::string_view argument);
+    void doneWithFile();
+    Intake classifyOFX();
+    Intake classifyLines();
+    Intake classifyQIF(std::size_t head);
+    Intake extract();
+    Intake endClassification();
+    bool passesRunChecks();
+    bool checkCategories();
+    bool checkAccountsForAppend();
+    int accountKindFor(int gType) const;
+    std::optional<std::string> chooseOutputFile(bool mainWindowVisible);
+    RunEnd actuallyProcessTheTransactions();
+    bool readTransactions(Date from, Date to);
+    void recordRunSettings(std::optional<Date> from, std::optional<Date> to);
+    RunEnd processInstructionsDidEnd(const WalkResult& result);
+    WalkOptions walkOptions() const;
+
+    Context& ctx_;
+    Dialogs& dialogs_;
+    OutputFormats writer_;
+    RunForm form_;
+    ErrorWarning warning_;
+    BankingCreditCardQIF reader_;
+    bool markAsCleared_ = false, markAsUncleared_ = false;
+    std::string runOutputDate_, runOutputNumber_;
+};
+
+} // namespace tavvel

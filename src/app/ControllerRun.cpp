@@ -1,0 +1,258 @@
+// The processing run. Stages: the categories check; the run's cleared marks and fixed date and
+// number; the output file (new, or appended to); the run settings recorded; the QIF header;
+// the reader for the input; the walk; then the output file written and the closing message.
+
+#include "app/AppTexts.h"
+#include "app/Controller.h"
+#include "app/Format.h"
+#include "app/OutputFile.h"
+#include "app/RunSettings.h"
+#include "bank/QifInputTypes.h"
+#include "context/Context.h"
+#include "formats/OutputFormatKeys.h"
+#include "knowledge/Accounts.h"
+#include "knowledge/Formats.h"
+#include "prefs/Settings.h"
+#include "recognize/CalendarDate.h"
+#include "recognize/FindDate.h"
+#include "ui/Dialogs.h"
+
+#include <filesystem>
+
+namespace tavvel {
+
+namespace {
+
+struct ClearedOptions {
+    std::string_view cleared, uncleared;
+};
+
+ClearedOptions clearedOptionsFor(int gType) {
+    switch (gType) {
+    case kTypeBank:
+        return {option::markBankTransactionsAsCleared, option::markBankTransactionsAsUncleared};
+    case kTypeCreditCard:
+        return {option::markCreditCardTransactionsAsCleared,
+                option::markCreditCardTransactionsAsUncleared};
+    case kTypeInvestment:
+        return {option::markInvestmentTransactionsAsCleared,
+                option::markInvestmentTransactionsAsUncleared};
+    default:
+        return {option::markUnknownTransactionsAsCleared,
+                option::markUnknownTransactionsAsUncleared};
+    }
+}
+
+bool startsWith(std::string_view text, std::string_view prefix) {
+    return text.substr(0, prefix.size()) == prefix;
+}
+
+// A suggested file name never holds "/": dates in it are written with "-".
+std::string fileNameDate(std::string date) {
+    std::replace(date.begin(), date.end(), '/', '-');
+    return date;
+}
+
+} // namespace
+
+Intake Controller::extract() {
+    doingExtract = true;
+    controlHelpAnchor = "Text";
+    if (optionOn(ctx_.prefs, option::append) && !checkAccountsForAppend())
+        return Intake::refused;
+    fileAsString.erase(0, fileAsString.find_first_not_of(" \t\r\n\f\v"));
+    std::int64_t length = 0;
+    if (!findDateSlash(fileAsString, length) && !findDateDash(fileAsString, length) &&
+        !findDateDot(fileAsString, length) && !findDateLong(fileAsString, length, ctx_.config))
+        return refuse(text::invalidInputTitle, text::textWithoutDate);
+    ctx_.processing = true;
+    form_.fillInTransactionPart();
+    Formats formats(ctx_.prefs);
+    std::optional<Dictionary> winner;
+    std::size_t bestAt = 0, bestLength = 0;
+    bool firstMatch = optionOn(ctx_.prefs, option::formatFirstMatch);
+    for (std::size_t i = 0; i < formats.numberOfFormats(); ++i) {
+        auto format = formats.formatAtIndex(i);
+        std::string match = format ? textOf(*format, "Match") : std::string();
+        std::size_t at = match.empty() ? std::string::npos : fileAsString.find(match);
+        if (at == std::string::npos)
+            continue;
+        bool better = !winner || (firstMatch ? at < bestAt : match.size() > bestLength);
+        if (better) {
+            winner = format;
+            bestAt = at;
+            bestLength = match.size();
+        }
+    }
+    if (!winner) {
+        ctx_.gType = kTypeTextWithoutFormat;
+        form_.setInput({true, "Unknown", 4, account});
+        form_.setInputFormatName("");
+    } else {
+        std::string type = textOf(*winner, "FormatType");
+        bool showAll = optionOn(ctx_.prefs, option::showAllAccountNames);
+        if (type == "Investment")
+            ctx_.gType = kTypeInvestment;
+        else if (!showAll)
+            ctx_.gType = type == "Bank" ? kTypeBank : kTypeCreditCard;
+        int kind = type == "Investment" ? 2 : showAll ? 3 : ctx_.gType;
+        form_.setInput({true, type, kind, account});
+        form_.setInputFormatName(textOf(*winner, "Name"));
+    }
+    form_.fillInAccountAndOutputPart();
+    return Intake::formReady;
+}
+
+WalkOptions Controller::walkOptions() const {
+    WalkOptions options;
+    options.outputDate = runOutputDate_;
+    options.outputNumber = runOutputNumber_;
+    options.markAsCleared = markAsCleared_;
+    options.markAsUncleared = markAsUncleared_;
+    bool ofx = fileAsString.find("OFXHEADER") != std::string::npos;
+    options.swapDescriptionAndMemo =
+        ofx ? form_.qfxType == kQfxSwapIndex
+            : !doingExtract && (qifInputTypeTag(form_.qifType) & kQifSwapDescriptionAndMemo);
+    return options;
+}
+
+RunEnd Controller::processTheTransactions(bool mainWindowVisible) {
+    if (!checkCategories())
+        return RunEnd::notStarted;
+    if (!account)
+        account = form_.accountText;
+    ClearedOptions cleared = clearedOptionsFor(ctx_.gType);
+    markAsCleared_ = optionOn(ctx_.prefs, cleared.cleared);
+    markAsUncleared_ = optionOn(ctx_.prefs, cleared.uncleared);
+    runOutputDate_ = form_.sameDate ? form_.outputDate : std::string();
+    runOutputNumber_ = form_.sameNumber ? form_.outputNumber : std::string();
+    writer_.chooseFormat(form_.outputFormat);
+    auto path = chooseOutputFile(mainWindowVisible);
+    if (!path) {
+        doneWithFile();
+        return RunEnd::cancelled;
+    }
+    outputFilePath = *path;
+    return actuallyProcessTheTransactions();
+}
+
+std::optional<std::string> Controller::chooseOutputFile(bool mainWindowVisible) {
+    bool qif = writer_.QIFOutput();
+    auto format = qif ? std::nullopt : writer_.formatForName(form_.outputFormat);
+    bool comma = format && startsWith(textOf(*format, outkey::Separator), "Comma");
+    std::string start = ctx_.prefs.objectForKey(prefkey::LastRootDirectory)
+                            ? ctx_.prefs.objectForKey(prefkey::LastRootDirectory)->text()
+                            : std::string();
+    std::optional<std::string> chosen;
+    bool appendItemChosen = form_.appendPopUpIndex == 1 || !form_.appendPopUpVisible;
+    if (!qif && form_.doAppend && form_.appendSwitchOn && appendItemChosen) {
+        FileChoice choice{comma ? std::vector<std::string>{"csv"}
+                                : std::vector<std::string>{"txt", ""},
+                          start, "", std::string(text::appendTo)};
+        chosen = dialogs_.chooseFileToAppendTo(choice);
+    } else if (form_.doAppend && form_.appendSwitchOn) {
+        return form_.previousOutputFile;
+    } else {
+        std::string extension = qif ? "qif" : comma ? "csv" : "txt";
+        std::string today =
+            fileNameDate(formatDate(ctx_.clock.now(), ctx_.output.longDatePattern()));
+        // A run that started by itself always suggests the QIF name; it always has.
+        std::string suggested =
+            (qif || !mainWindowVisible) ? "QIF Import " + today + ".qif" : "Tavvel." + extension;
+        chosen = dialogs_.chooseFileToSave({{extension}, start, suggested, ""});
+    }
+    if (!chosen)
+        return std::nullopt;
+    ctx_.prefs.setObject(prefkey::LastRootDirectory,
+                         Value(std::filesystem::path(*chosen).parent_path().string()));
+    ctx_.prefs.synchronize();
+    return chosen;
+}
+
+void Controller::recordRunSettings(std::optional<Date> from, std::optional<Date> to) {
+    Dictionary settings{{std::string(runkey::whichTransactions), Value(form_.whichTransactions)},
+                        {std::string(runkey::outputDate), Value(form_.outputDate)},
+                        {std::string(runkey::outputNumberString), Value(form_.outputNumber)},
+                        {std::string(runkey::outputFilePath), Value(outputFilePath)},
+                        {std::string(runkey::outputFormat), Value(form_.outputFormat)},
+                        {std::string(runkey::inputQIFType), Value(form_.qifType)}};
+    if (from)
+        settings.emplace(std::string(runkey::dateFrom), Value(*from));
+    if (to)
+        settings.emplace(std::string(runkey::dateTo), Value(*to));
+    ctx_.prefs.setObject(prefkey::ControlSettings, Value(std::move(settings)));
+}
+
+bool Controller::readTransactions(Date from, Date to) {
+    reader_.qifInputTypeTag = doingExtract ? 0 : qifInputTypeTag(form_.qifType);
+    if (doingExtract) {
+        // Reading text through an input format comes with the input-format engine.
+        statusAlert(text::invalidFormatTitle, text::invalidFormat, source);
+        return false;
+    }
+    if (fileAsString.find("OFXHEADER") != std::string::npos) {
+        if (ctx_.gType == kTypeInvestment) {
+            statusAlert(text::invalidOfxTitle, text::invalidOfx, source);
+            return false;
+        }
+        reader_.fromOFX(fileAsString, from, to);
+        return true;
+    }
+    std::size_t bad = reader_.fromQIFLines(fileAsLines, from, to);
+    if (bad == 0)
+        return true;
+    std::string message = formatMessage(text::corruptedQif, source);
+    std::size_t at = message.find("%ld");
+    message.replace(at, 3, std::to_string(bad + skippedLines));
+    statusAlert(text::invalidInputTitle, "%@", message);
+    return false;
+}
+
+RunEnd Controller::actuallyProcessTheTransactions() {
+    outputFileAsString.clear();
+    if (ctx_.gType == kTypeInvestment && !ctx_.prefs.objectForKey(prefkey::Securities))
+        dialogs_.alert(std::string(text::needSecuritiesTitle), std::string(text::needSecurities));
+    auto range =
+        dateRangeFor(form_.whichTransactions, ctx_.clock.now(), form_.dateFrom, form_.dateTo,
+                     ctx_.output.longDatePattern(), ctx_.output.shortDatePattern());
+    recordRunSettings(range ? std::optional(range->from) : std::nullopt,
+                      range ? std::optional(range->to) : std::nullopt);
+    bool appendOption = optionOn(ctx_.prefs, option::append);
+    if (writer_.QIFOutput())
+        outputFileAsString = qifHeader(appendOption, ctx_.gType, form_.accountText,
+                                       Accounts(ctx_.prefs).typeForAccount(form_.accountText));
+    writer_.account = account.value_or("");
+    DateRange all{kDistantPast, kDistantFuture};
+    if (!readTransactions(range.value_or(all).from, range.value_or(all).to))
+        return RunEnd::stopped;
+    WalkResult result = reader_.processInstructionsAndAppendToString(
+        outputFileAsString, writer_, warning_, dialogs_, walkOptions());
+    return processInstructionsDidEnd(result);
+}
+
+RunEnd Controller::processInstructionsDidEnd(const WalkResult& result) {
+    RunEnd end = RunEnd::nothingOutput;
+    lastTitle = std::string(text::finishedTitle);
+    if (result.appended < 1) {
+        lastMessage = std::string(text::noTransactionsOutput);
+    } else {
+        if (doingClipboard)
+            lastProcessedClipboard = fileAsString;
+        std::string name = std::filesystem::path(outputFilePath).filename().string();
+        lastMessage = "\r\r" + std::to_string(result.appended) + " transaction" +
+                      (result.appended == 1 ? "" : "s") + " output to file \"" + name + "\".";
+        OutputTarget target{outputFilePath, form_.appendSwitchOn,
+                            optionOn(ctx_.prefs, option::append), writer_.QIFOutput()};
+        end = RunEnd::written;
+        if (!writeOutputFile(target, outputFileAsString)) {
+            lastTitle = std::string(text::outputNotWrittenTitle);
+            lastMessage = formatMessage(text::outputNotWritten, name);
+            end = RunEnd::writeFailed;
+        }
+    }
+    doneWithFile();
+    dialogs_.alert(lastTitle, lastMessage);
+    return end;
+}
+
+} // namespace tavvel

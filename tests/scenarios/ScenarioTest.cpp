@@ -1,0 +1,273 @@
+// Whole runs from scenario files: statement bytes, settings, the run form, the scripted
+// answers, and the expected output file and closing message.
+
+#include "app/Controller.h"
+#include "prefs/Files.h"
+#include "prefs/Settings.h"
+#include "recognize/CalendarDate.h"
+#include "support/ScriptedDialogs.h"
+#include "support/TestContext.h"
+
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <map>
+#include <sstream>
+
+namespace tavvel {
+namespace {
+
+namespace fs = std::filesystem;
+
+struct Section {
+    std::string name;
+    std::string argument;
+    std::string body;
+};
+
+std::vector<Section> sections(const std::string& text) {
+    std::vector<Section> out;
+    std::istringstream in(text);
+    std::string line;
+    while (std::getline(in, line)) {
+        if (line.rfind("=== ", 0) == 0) {
+            std::string head = line.substr(4);
+            std::size_t space = head.find(' ');
+            out.push_back({head.substr(0, space),
+                           space == std::string::npos ? "" : head.substr(space + 1), ""});
+        } else if (!out.empty()) {
+            out.back().body += line + "\n";
+        }
+    }
+    return out;
+}
+
+std::vector<std::string> lines(const std::string& body) {
+    std::vector<std::string> out;
+    std::istringstream in(body);
+    for (std::string line; std::getline(in, line);)
+        if (!line.empty() && line[0] != '#')
+            out.push_back(line);
+    return out;
+}
+
+std::string unescape(std::string text) {
+    for (std::size_t at = text.find("\\r"); at != std::string::npos; at = text.find("\\r", at + 1))
+        text.replace(at, 2, "\r");
+    return text;
+}
+
+std::string toCrlf(const std::string& text) {
+    std::string out;
+    for (char c : text) {
+        if (c == '\n')
+            out += '\r';
+        out += c;
+    }
+    return out;
+}
+
+std::pair<std::string, std::string> split(const std::string& text, const std::string& by) {
+    std::size_t at = text.find(by);
+    if (at == std::string::npos)
+        return {text, ""};
+    return {text.substr(0, at), text.substr(at + by.size())};
+}
+
+Array list(const std::string& text, const std::string& by = "|") {
+    Array out;
+    std::string rest = text;
+    while (!rest.empty()) {
+        auto [item, tail] = split(rest, by);
+        out.emplace_back(item);
+        rest = tail;
+    }
+    return out;
+}
+
+class Scenario {
+public:
+    explicit Scenario(const fs::path& file) : file_(file) {}
+    void run();
+
+private:
+    void applyPrefs(const std::string& body);
+    void applyRun(const std::string& body, Controller& controller);
+    void script(const std::string& body);
+
+    fs::path file_;
+    test::TestContext t_;
+    test::ScriptedDialogs dialogs_;
+    fs::path output_;
+};
+
+void Scenario::applyPrefs(const std::string& body) {
+    TvPrefs& prefs = t_.ctx.prefs;
+    for (const std::string& l : lines(body)) {
+        auto [verb, rest] = split(l, " ");
+        if (verb == "option") {
+            addOption(prefs, rest);
+        } else if (verb == "set") {
+            auto [key, value] = split(rest, "=");
+            prefs.setObject(key, Value(value));
+        } else if (verb == "categories") {
+            prefs.setObject(prefkey::Categories, Value(list(rest)));
+        } else if (verb == "accounts") {
+            Array accounts;
+            for (const Value& a : list(rest)) {
+                auto [name, type] = split(a.text(), ":");
+                accounts.emplace_back(Dictionary{{"Name", Value(name)}, {"Type", Value(type)}});
+            }
+            prefs.setObject(prefkey::Accounts, Value(accounts));
+        } else {
+            FAIL() << "unknown prefs line: " << l;
+        }
+    }
+}
+
+void Scenario::applyRun(const std::string& body, Controller& controller) {
+    RunForm& form = controller.form();
+    for (const std::string& l : lines(body)) {
+        auto [verb, rest] = split(l, " ");
+        if (verb == "range" && rest == "all") {
+            form.chooseRange(0);
+        } else if (verb == "range" && rest == "last-month") {
+            form.chooseRange(1);
+        } else if (verb == "range") {
+            auto [from, to] = split(rest, " ");
+            form.chooseRange(2);
+            form.setDateFrom(from);
+            form.setDateTo(to);
+        } else if (verb == "account") {
+            form.setAccountText(rest);
+        } else if (verb == "output-format") {
+            form.chooseOutputFormat(rest);
+        } else if (verb == "qif-type") {
+            form.chooseQifType(std::stoi(rest));
+        } else if (verb == "qfx-type") {
+            form.chooseQfxType(std::stoi(rest));
+        } else if (verb == "same-date") {
+            form.setSameDate(true);
+            form.setOutputDate(rest);
+        } else if (verb == "same-number") {
+            form.setSameNumber(true);
+            form.setOutputNumber(rest);
+        } else if (verb == "append") {
+            form.setAppendSwitch(rest == "on");
+        } else if (verb != "clock") {
+            FAIL() << "unknown run line: " << l;
+        }
+    }
+}
+
+void Scenario::script(const std::string& body) {
+    for (const std::string& l : lines(body)) {
+        auto [verb, rest] = split(l, " ");
+        auto [title, answer] = split(rest, " -> ");
+        if (verb == "alert")
+            dialogs_.expectAlert(title);
+        else if (verb == "ask")
+            dialogs_.expectAsk(title, std::stoul(answer));
+        else if (verb == "save" || verb == "append")
+            dialogs_.expectFile(verb, output_.string());
+        else if (verb == "error")
+            dialogs_.expectErrorWarning(unescape(title), answer == "skip");
+        else
+            FAIL() << "unknown dialog line: " << l;
+    }
+}
+
+void Scenario::run() {
+    auto text = readWholeFile(file_);
+    ASSERT_TRUE(text) << file_;
+    std::vector<Section> parts = sections(*text);
+    std::map<std::string, const Section*> byName;
+    for (const Section& s : parts)
+        byName[s.name == "expect" ? "expect " + s.argument : s.name] = &s;
+    ASSERT_TRUE(byName.count("input")) << "a scenario needs an input";
+    if (byName.count("run"))
+        for (const std::string& l : lines(byName["run"]->body))
+            if (l.rfind("clock ", 0) == 0)
+                t_.ctx.clock =
+                    test::fixedClock(std::stoi(l.substr(6, 4)), std::stoi(l.substr(11, 2)),
+                                     std::stoi(l.substr(14, 2)));
+    t_.ctx.prefs.setObject(prefkey::Categories, Value(Array{}));
+    t_.ctx.prefs.setObject(prefkey::DescriptionOutput, Value("%d"));
+    t_.ctx.prefs.setObject(prefkey::MemoOutput, Value("%m"));
+    if (byName.count("prefs"))
+        applyPrefs(byName["prefs"]->body);
+
+    const Section& input = *byName["input"];
+    std::string name = split(input.argument, " ").first;
+    std::string bytes =
+        split(input.argument, " ").second == "crlf" ? toCrlf(input.body) : input.body;
+    fs::path statement = t_.folder.path() / name;
+    output_ = t_.folder.path() / "out" / "output.qif";
+    fs::create_directories(output_.parent_path());
+    ASSERT_TRUE(writeFileAtomically(statement, bytes));
+    if (byName.count("existing")) {
+        ASSERT_TRUE(writeFileAtomically(output_, byName["existing"]->body));
+    }
+    if (byName.count("dialogs"))
+        script(byName["dialogs"]->body);
+
+    Controller controller(t_.ctx, dialogs_);
+    try {
+        Intake intake = controller.actuallyProcessFile(statement.string());
+        if (intake == Intake::formReady) {
+            if (byName.count("run")) {
+                applyRun(byName["run"]->body, controller);
+            }
+            ASSERT_TRUE(controller.form().processEnabled()) << "the process button is disabled";
+            controller.processTheTransactions();
+        }
+    } catch (const test::UnexpectedDialog&) {
+        return; // already reported
+    }
+    EXPECT_TRUE(dialogs_.done()) << "not every scripted answer was used";
+    if (byName.count("expect output")) {
+        auto written = readWholeFile(output_);
+        ASSERT_TRUE(written) << "no output file";
+        EXPECT_EQ(*written, byName["expect output"]->body);
+    }
+    if (byName.count("expect no output")) {
+        auto before =
+            byName.count("existing") ? std::optional(byName["existing"]->body) : std::nullopt;
+        EXPECT_EQ(readWholeFile(output_), before);
+    }
+    if (byName.count("expect message")) {
+        std::string expected = unescape(byName["expect message"]->body);
+        expected.pop_back(); // the section's last line end
+        ASSERT_FALSE(dialogs_.shown().empty());
+        EXPECT_EQ(dialogs_.last().text, expected);
+    }
+}
+
+class ScenarioFile : public ::testing::TestWithParam<std::string> {};
+
+TEST_P(ScenarioFile, Runs) {
+    Scenario(fs::path(TAVVEL_SOURCE_DIR) / "tests" / "scenarios" / (GetParam() + ".scenario"))
+        .run();
+}
+
+std::vector<std::string> scenarioNames() {
+    std::vector<std::string> names;
+    for (const auto& entry :
+         fs::directory_iterator(fs::path(TAVVEL_SOURCE_DIR) / "tests" / "scenarios"))
+        if (entry.path().extension() == ".scenario")
+            names.push_back(entry.path().stem().string());
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+std::string testName(const ::testing::TestParamInfo<std::string>& param) {
+    std::string name = param.param;
+    for (char& c : name)
+        if (!std::isalnum(static_cast<unsigned char>(c)))
+            c = '_';
+    return name;
+}
+
+INSTANTIATE_TEST_SUITE_P(, ScenarioFile, ::testing::ValuesIn(scenarioNames()), testName);
+
+} // namespace
+} // namespace tavvel
