@@ -91,6 +91,7 @@ public:
 
 private:
     void applyPrefs(const std::string& body);
+    void addLayout(const std::string& spec);
     void applyRun(const std::string& body, Controller& controller);
     void script(const std::string& body);
 
@@ -99,6 +100,22 @@ private:
     test::ScriptedDialogs dialogs_;
     fs::path output_;
 };
+
+// "NAME SEPARATOR ITEM,ITEM,...": a delimited layout writing every item listed.
+void Scenario::addLayout(const std::string& spec) {
+    auto [name, rest] = split(spec, " ");
+    auto [separator, items] = split(rest, " ");
+    Array order = list(items, ",");
+    Array present(order.size(), Value(true));
+    Array formats = t_.ctx.prefs.objectForKey(prefkey::OutputFormats)
+                        ? t_.ctx.prefs.objectForKey(prefkey::OutputFormats)->array()
+                        : Array{Value(Dictionary{{"Name", Value("QIF")}})};
+    formats.emplace_back(Dictionary{{"Name", Value(name)},
+                                    {"Separator", Value(separator)},
+                                    {"Order", Value(order)},
+                                    {"Present", Value(present)}});
+    t_.ctx.prefs.setObject(prefkey::OutputFormats, Value(formats));
+}
 
 void Scenario::applyPrefs(const std::string& body) {
     TvPrefs& prefs = t_.ctx.prefs;
@@ -118,6 +135,8 @@ void Scenario::applyPrefs(const std::string& body) {
                 accounts.emplace_back(Dictionary{{"Name", Value(name)}, {"Type", Value(type)}});
             }
             prefs.setObject(prefkey::Accounts, Value(accounts));
+        } else if (verb == "layout") {
+            addLayout(rest);
         } else {
             FAIL() << "unknown prefs line: " << l;
         }
