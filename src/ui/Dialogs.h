@@ -12,6 +12,29 @@
 
 namespace tavvel {
 
+class ConfirmForm;
+class NewInstructionForm;
+
+// What the user did in the confirmation form.
+enum class ConfirmAction {
+    ok,
+    skip,
+    skipRemaining,
+    back,
+    cancel,
+    swapDescriptionAndMemo,
+    descriptionChanged, // the form asked for it (ConfirmForm::setDescription answered true)
+    addInstruction,
+    addAmountInstruction,
+};
+
+// What the user did in the new-instruction form.
+enum class NewInstructionAction {
+    save,
+    cancel,
+    useAsRead, // output this transaction as it was read, and learn nothing from it
+};
+
 // The answer to a record-level error warning.
 struct ErrorWarningAnswer {
     bool pressedButton = true; // false: the user cancelled instead
@@ -46,6 +69,13 @@ public:
     // The cancel question: stop now, finish later, or go on; with a switch to make the choice
     // permanent.
     virtual CancelAnswer cancelQuestion() = 0;
+
+    // The confirmation form of one transaction; returns when the user chose an action. The
+    // front end forwards edits to the form model meanwhile. A front end that never asks (a
+    // batch run) accepts the form as it stands.
+    virtual ConfirmAction confirmTransaction(ConfirmForm& form);
+    // The new-instruction form; a front end that never asks outputs the transaction as read.
+    virtual NewInstructionAction newInstruction(NewInstructionForm& form);
 
     // File panels: the chosen path, or nothing when the user cancelled.
     virtual std::optional<std::string> chooseFileToOpen(const FileChoice& choice) = 0;
