@@ -3,6 +3,7 @@
 #include "app/AppTexts.h"
 #include "context/Context.h"
 #include "knowledge/Categories.h"
+#include "knowledge/KnowledgeAtStartUp.h"
 #include "prefs/Settings.h"
 #include "recognize/CalendarDate.h"
 #include "ui/Dialogs.h"
@@ -166,6 +167,7 @@ void awakeFromNib(Context& ctx, Dialogs& dialogs) {
     convertLegacyRunSettings(ctx.prefs);
     askAboutUpdates(ctx.prefs, dialogs);
     fillLaterDefaults(ctx);
+    settleKnowledgeAtStartUp(ctx.prefs);
     // This reads the top-level key, not the option of the same name; the preferences dialog
     // reads the option. Both have always behaved so.
     setDateFormatters(ctx.prefs, ctx.output,
