@@ -1,6 +1,7 @@
 #include "CliOptions.h"
 
 #include "Version.h"
+#include "knowledge/KnowledgeListing.h"
 
 #include <CLI/CLI.hpp>
 #include <sstream>
@@ -17,7 +18,17 @@ CliParse parseCommandLine(const std::vector<std::string>& args) {
                  "terminal");
     app.add_flag("--show-preferences", options.showPreferences,
                  "Print the preference store after start-up");
-    app.add_option("file", file, "Statement to convert (OFX, QFX, QIF or text)");
+    app.add_option("file", file,
+                   "Statement to convert (OFX, QFX, QIF or text), or an input format to import "
+                   "(.tvfm)");
+    std::vector<std::string> exportFormat;
+    app.add_option("--export-format", exportFormat, "Save the input format NAME in FILE (.tvfm)")
+        ->expected(2)
+        ->type_name("NAME FILE");
+    std::string list;
+    std::vector<std::string> lists(knowledgeLists().begin(), knowledgeLists().end());
+    app.add_option("--list", list, "Print a list of the knowledge base")
+        ->check(CLI::IsMember(lists));
 
     std::vector<std::string> reversed(args.rbegin(), args.rend());
     if (!reversed.empty())
@@ -33,6 +44,10 @@ CliParse parseCommandLine(const std::vector<std::string>& args) {
     }
     if (!file.empty())
         options.inputFile = file;
+    if (exportFormat.size() == 2)
+        options.exportFormat = std::pair(exportFormat[0], exportFormat[1]);
+    if (!list.empty())
+        options.list = list;
     return {options, 0, {}};
 }
 

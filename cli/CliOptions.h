@@ -3,6 +3,7 @@
 
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace tavvel {
@@ -11,6 +12,10 @@ struct CliOptions {
     bool batch = false;
     bool showPreferences = false;
     std::optional<std::string> inputFile;
+    // --export-format NAME FILE
+    std::optional<std::pair<std::string, std::string>> exportFormat;
+    // --list instructions|descriptions|categories|accounts|securities|formats
+    std::optional<std::string> list;
 };
 
 struct CliParse {

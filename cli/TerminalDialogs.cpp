@@ -131,4 +131,24 @@ std::optional<std::string> TerminalDialogs::chooseFileToAppendTo(const FileChoic
     return readPath(choice.prompt.empty() ? "Append To" : choice.prompt, "");
 }
 
+bool TerminalDialogs::renameFormat(RenameFormatForm& form) {
+    printMessage(std::string(RenameFormatForm::prompt()), form.name());
+    auto noteDuplicate = [&] {
+        if (form.duplicateNoteShown())
+            out_ << terminalText(std::string(RenameFormatForm::duplicateNote())) << "\n";
+    };
+    noteDuplicate();
+    if (batch_)
+        return form.okEnabled();
+    out_ << "Name [" << terminalText(form.name()) << "] (\".\" cancels): " << std::flush;
+    std::string line;
+    if (!std::getline(in_, line) || line.empty())
+        return form.okEnabled();
+    if (line == ".")
+        return false;
+    form.nameChanged(line);
+    noteDuplicate();
+    return form.okEnabled();
+}
+
 } // namespace tavvel

@@ -3,6 +3,7 @@
 // --batch nothing is read and every question takes its first (affirmative) button.
 
 #include "ui/Dialogs.h"
+#include "ui/RenameFormatForm.h"
 
 #include <istream>
 #include <optional>
@@ -27,6 +28,10 @@ public:
     std::optional<std::string> chooseFileToOpen(const FileChoice& choice) override;
     std::optional<std::string> chooseFileToSave(const FileChoice& choice) override;
     std::optional<std::string> chooseFileToAppendTo(const FileChoice& choice) override;
+
+    // The rename form of an imported input format: Return keeps the name, "." cancels; under
+    // --batch the name is kept. True when the form was confirmed.
+    bool renameFormat(RenameFormatForm& form);
 
 private:
     void printMessage(const std::string& title, const std::string& text);

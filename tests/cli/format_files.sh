@@ -1,0 +1,58 @@
+#!/usr/bin/env bash
+# Input formats in and out of tavvel-cli as .tvfm files: opening one imports it (its own name
+# under --batch, a typed one at a terminal), --export-format writes one, --list shows the
+# store, and a file that holds no format is refused without touching the store.
+set -euo pipefail
+cli=$1
+tmp=$(mktemp -d)
+trap 'rm -rf "$tmp"' EXIT
+export XDG_CONFIG_HOME=$tmp/config HOME=$tmp/home
+mkdir -p "$HOME"
+fail() { echo "FAIL: $*" >&2; exit 1; }
+
+"$cli" --batch </dev/null >/dev/null
+cat >"$tmp/visa.tvfm" <<'PLIST'
+<?xml version="1.0" encoding="UTF-8"?>
+<!DOCTYPE plist PUBLIC "-//Apple//DTD PLIST 1.0//EN" "http://www.apple.com/DTDs/PropertyList-1.0.dtd">
+<plist version="1.0">
+<dict>
+	<key>Name</key>
+	<string>Visa</string>
+	<key>Fields</key>
+	<string>CSV</string>
+	<key>Match</key>
+	<string>VISA STATEMENT</string>
+</dict>
+</plist>
+PLIST
+
+out=$("$cli" --batch "$tmp/visa.tvfm" </dev/null)
+grep -qF "== Input Format Imported ==" <<<"$out" || fail "batch import not reported: $out"
+grep -qF "Input format \"Visa\" imported from file \"$tmp/visa.tvfm'." <<<"$out" ||
+    fail "import text: $out"
+[ "$("$cli" --batch --list formats </dev/null)" = "Visa" ] || fail "Visa not listed"
+
+out=$(printf 'Visa Card\n' | "$cli" "$tmp/visa.tvfm")
+grep -qF "Input format \"Visa Card\" imported" <<<"$out" || fail "typed name not taken: $out"
+printf '.\n' | "$cli" "$tmp/visa.tvfm" | grep -qF "An input format with this name exists" ||
+    fail "duplicate name not noted"
+[ "$("$cli" --batch --list formats </dev/null)" = "$(printf 'Visa\nVisa Card')" ] ||
+    fail "cancelled import changed the store"
+
+"$cli" --batch --export-format "visa card" "$tmp/out.tvfm" </dev/null |
+    grep -qF "== Input Format Exported ==" || fail "export not reported"
+grep -qF "<string>Visa Card</string>" "$tmp/out.tvfm" || fail "exported file lacks the record"
+grep -qF "<string>VISA STATEMENT</string>" "$tmp/out.tvfm" || fail "exported record incomplete"
+if "$cli" --batch --export-format Amex "$tmp/amex.tvfm" </dev/null 2>"$tmp/err"; then
+    fail "unknown format exported"
+fi
+grep -qF "no input format named \"Amex\"" "$tmp/err" || fail "unknown format not named"
+
+echo "not a property list" >"$tmp/bad.tvfm"
+prefs=$XDG_CONFIG_HOME/Tavvel/TavvelMain.prefs
+cp "$prefs" "$tmp/before"
+if out=$("$cli" --batch "$tmp/bad.tvfm" </dev/null); then fail "bad file accepted"; fi
+grep -qF "it is not a property list" <<<"$out" || fail "bad file reason: $out"
+cmp -s "$prefs" "$tmp/before" || fail "bad file changed the store"
+if "$cli" --list payees >/dev/null 2>&1; then fail "unknown list accepted"; fi
+echo "format files: ok"
