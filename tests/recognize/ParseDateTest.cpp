@@ -98,6 +98,7 @@ TEST(ParseDate, WordMonthDates) {
 
 TEST(ParseQIFDate, ShortForms) {
     EXPECT_EQ(qif("1/2/73"), (Ymd{2073, 1, 2}));
+    EXPECT_EQ(qif("1/2/74"), (Ymd{1974, 1, 2}));
     EXPECT_EQ(qif("12/31/2023"), (Ymd{2023, 12, 31}));
     EXPECT_EQ(qif(" 2/ 4'19"), (Ymd{2019, 2, 4}));
     EXPECT_EQ(qif("12/ 1' 5"), (Ymd{2005, 12, 1}));
@@ -123,6 +124,7 @@ TEST(ParseQIFDate, YearlessDatesAreNotInTheFuture) {
 TEST(ParseQIFDate, MonthWordsLeaveTheMonthAlone) {
     EXPECT_EQ(qif("January 5, 2024"), (Ymd{2024, -1, 5}));
     EXPECT_EQ(qif("JAN 5 24"), (Ymd{2024, -1, 5}));
+    EXPECT_EQ(qif("Jan 5, 74"), (Ymd{1974, -1, 5}));
     // A matching word whose forms all fail sends the search back; it must still end.
     EXPECT_EQ(qif("Jan 5 xyz"), std::nullopt);
     EXPECT_EQ(qif("JANUARY"), std::nullopt);
