@@ -108,4 +108,18 @@ inline constexpr std::string_view outputNotWritten =
     "%@ could not be written, so nothing was saved.  Check that its folder exists and that you "
     "may write to it, then process the transactions again.";
 
+// Continuation files.
+inline constexpr std::string_view continuationNotCreatedTitle = "Continuation File Not Created";
+inline constexpr std::string_view continuationCancelled =
+    "No transactions were placed in the output file.\r\rThe continuation file was not created.";
+inline constexpr std::string_view continuationCreatedTitle = "Continuation File Created";
+inline constexpr std::string_view continuationCreated =
+    "No transactions were placed in the output file.\r\rA continuation file with both your "
+    "processed and unprocessed transactions was created.  You can open it later with Tavvel to "
+    "finish processing your transactions and place all of them in the output file you choose "
+    "when you continue.";
+inline constexpr std::string_view continuationFailed =
+    "No transactions were placed in the output file.\r\rThe continuation file could not be "
+    "created because of an unknown error.";
+
 } // namespace tavvel::text

@@ -51,7 +51,7 @@ std::optional<std::string> ofxAccount(std::string_view text) {
 Controller::Controller(Context& ctx, Dialogs& dialogs)
     : ctx_(ctx), dialogs_(dialogs), writer_(ctx, dialogs), form_(ctx, writer_),
       warning_(dialogs, [&ctx](const Dictionary& format) { Formats(ctx.prefs).addFormat(format); }),
-      reader_(ctx) {}
+      reader_(ctx), instructions_(ctx.prefs) {}
 
 void Controller::statusAlert(std::string_view title, std::string_view format,
                              std::string_view argument) {

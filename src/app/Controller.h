@@ -5,6 +5,7 @@
 
 #include "bank/BankingCreditCardQIF.h"
 #include "formats/OutputFormats.h"
+#include "knowledge/Instructions.h"
 #include "ui/RunForm.h"
 #include "ui/RunHelpers.h"
 
@@ -26,7 +27,16 @@ enum class Intake {
 };
 
 // How a run ended.
-enum class RunEnd { notStarted, cancelled, stopped, written, nothingOutput, writeFailed };
+enum class RunEnd {
+    notStarted,
+    cancelled,
+    stopped,
+    written,
+    nothingOutput,
+    writeFailed,
+    continuationSaved,
+    continuationNotSaved,
+};
 
 class Controller {
 public:
@@ -85,6 +95,7 @@ private:
     bool readTransactions(Date from, Date to);
     void recordRunSettings(std::optional<Date> from, std::optional<Date> to);
     RunEnd processInstructionsDidEnd(const WalkResult& result);
+    RunEnd saveContinuation(Dictionary record);
     WalkOptions walkOptions() const;
 
     Context& ctx_;
@@ -93,6 +104,7 @@ private:
     RunForm form_;
     ErrorWarning warning_;
     BankingCreditCardQIF reader_;
+    Instructions instructions_;
     bool markAsCleared_ = false, markAsUncleared_ = false;
     std::string runOutputDate_, runOutputNumber_;
 };

@@ -12,6 +12,7 @@
 #include "formats/OutputFormatKeys.h"
 #include "knowledge/Accounts.h"
 #include "knowledge/Formats.h"
+#include "prefs/PropertyList.h"
 #include "prefs/Settings.h"
 #include "recognize/CalendarDate.h"
 #include "recognize/FindDate.h"
@@ -226,11 +227,46 @@ RunEnd Controller::actuallyProcessTheTransactions() {
     if (!readTransactions(range.value_or(all).from, range.value_or(all).to))
         return RunEnd::stopped;
     WalkResult result = reader_.processInstructionsAndAppendToString(
-        outputFileAsString, writer_, warning_, dialogs_, walkOptions());
+        outputFileAsString, writer_, warning_, dialogs_, instructions_, walkOptions());
     return processInstructionsDidEnd(result);
 }
 
+// The rest of the continuation record: what the run form held, so a resumed run writes with
+// the same settings. Nothing is written to the output file.
+RunEnd Controller::saveContinuation(Dictionary record) {
+    record.insert_or_assign("outputFormatText", Value(form_.outputFormat));
+    record.insert_or_assign("sameDateSwitch", Value(form_.sameDate));
+    record.insert_or_assign("sameNumberSwitch", Value(form_.sameNumber));
+    record.insert_or_assign("outputDateString", Value(form_.outputDate));
+    record.insert_or_assign("outputNumberString", Value(form_.outputNumber));
+    record.insert_or_assign("account", Value(account.value_or(form_.accountText)));
+    std::string start = ctx_.prefs.objectForKey(prefkey::LastRootDirectory)
+                            ? ctx_.prefs.objectForKey(prefkey::LastRootDirectory)->text()
+                            : std::string();
+    std::string suggested = std::filesystem::path(inputFrom).stem().string() + ".tvcn";
+    auto path = dialogs_.chooseFileToSave({{"tvcn"}, start, suggested, ""});
+    doneWithFile();
+    if (!path) {
+        dialogs_.alert(std::string(text::continuationNotCreatedTitle),
+                       std::string(text::continuationCancelled));
+        return RunEnd::continuationNotSaved;
+    }
+    ctx_.prefs.setObject(prefkey::LastRootDirectory,
+                         Value(std::filesystem::path(*path).parent_path().string()));
+    ctx_.prefs.synchronize();
+    if (!writePropertyListFile(*path, Value(std::move(record)))) {
+        dialogs_.alert(std::string(text::continuationNotCreatedTitle),
+                       std::string(text::continuationFailed));
+        return RunEnd::continuationNotSaved;
+    }
+    dialogs_.alert(std::string(text::continuationCreatedTitle),
+                   std::string(text::continuationCreated));
+    return RunEnd::continuationSaved;
+}
+
 RunEnd Controller::processInstructionsDidEnd(const WalkResult& result) {
+    if (result.continuation)
+        return saveContinuation(*result.continuation);
     RunEnd end = RunEnd::nothingOutput;
     lastTitle = std::string(text::finishedTitle);
     if (result.appended < 1) {

@@ -13,9 +13,11 @@
 
 namespace tavvel {
 
+class ConfirmForm;
 class Context;
 class Dialogs;
 class ErrorWarning;
+class Instructions;
 class OutputFormats;
 
 // What the run hands the walk (the run form's choices for this run).
@@ -65,6 +67,7 @@ public:
     // from currentTransactionIndex, appending each finished transaction to `output`.
     WalkResult processInstructionsAndAppendToString(std::string& output, OutputFormats& writer,
                                                     ErrorWarning& warning, Dialogs& dialogs,
+                                                    Instructions& instructions,
                                                     const WalkOptions& options);
 
     // The tag of the QIF input-type choice of the run (see QifInputTypes.h).
@@ -82,12 +85,36 @@ public:
     bool doSwap = false;
     std::optional<std::string> extractedCheckNumber;
 
+    // The description typed in the confirmation form, which instructions are matched against
+    // while `updateCategoryWhenDescriptionChanged` is on.
+    std::string changedDescription;
+    bool cancelReturnsToConfirm = false;
+    bool splitInstructionConfirm = false;
+
 private:
     struct Prepared; // the current transaction made ready: steps before the decision
+    struct Walk;     // what one walk works with
+    enum class Step { advanced, skipped, rerun, back, stop, stopNow, finishLater };
+    Step step(Walk& walk);
     Prepared prepare(Dictionary& record, std::string& output, const WalkOptions& options);
     bool keepsInputCategory(const Dictionary& record) const;
     void outputKept(const Prepared& p, Dictionary& record, std::string& output,
                     OutputFormats& writer, const WalkOptions& options);
+    Step decide(Walk& walk, Prepared& p, Dictionary& record);
+    Step confirm(Walk& walk, Prepared& p, Dictionary& record);
+    Step confirmed(Walk& walk, Prepared& p, Dictionary& record, ConfirmForm& form);
+    Step newInstruction(Walk& walk, Prepared& p, Dictionary& record,
+                        std::optional<std::string> prompt, std::string matched, bool addAmountOnly);
+    Step cancelled(Walk& walk);
+    Step back();
+    void outputWithInstruction(Walk& walk, const Prepared& p, Dictionary& record);
+    std::string categoryFor(const Dictionary& record, const std::string& ruleCategory) const;
+    Dictionary continuation(const std::string& output) const;
+
+    Dictionary instruction_;
+    std::optional<Dictionary> amountInstruction_;
+    bool redisplayConfirm_ = false;
+    std::optional<std::string> formMemo_; // the new-instruction form's memo, while its switch is on
     std::optional<std::string> numberFor(const Dictionary& record,
                                          const WalkOptions& options) const;
     std::optional<std::string> clearedFor(const Dictionary& record,

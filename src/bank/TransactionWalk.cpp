@@ -1,13 +1,18 @@
 // The walk over the transaction list. Each step: show an error record (skip or stop); mark
 // where the transaction's output starts (so Back can take it away); choose the date; swap or
-// fill in the description; capitalise; normalise the amount; then decide. A transaction whose
-// input category is kept goes out as read.
+// fill in the description; capitalise; normalise the amount; then decide: keep the input's
+// category, or find the instruction (and its amount instruction) and output or confirm; with
+// no instruction, ask for a new one. Forms pause the walk; each answer ends in another step.
 
 #include "bank/BankTexts.h"
 #include "bank/BankingCreditCardQIF.h"
 #include "bank/TransactionKeys.h"
+#include "bank/WalkState.h"
 #include "context/Context.h"
 #include "formats/OutputFormats.h"
+#include "knowledge/Amounts.h"
+#include "knowledge/Instructions.h"
+#include "knowledge/KnowledgeKeys.h"
 #include "prefs/Settings.h"
 #include "ui/RunHelpers.h"
 
@@ -15,19 +20,7 @@
 
 namespace tavvel {
 
-struct BankingCreditCardQIF::Prepared {
-    std::string date;
-    std::optional<std::string> description;
-    std::optional<std::string> memo;
-    std::optional<std::string> amount;
-};
-
 namespace {
-
-std::optional<std::string> optionalText(const Dictionary& record, std::string_view key) {
-    const Value* v = find(record, key);
-    return v ? std::optional<std::string>(v->text()) : std::nullopt;
-}
 
 void setText(Dictionary& record, std::string_view key, const std::optional<std::string>& text) {
     if (text)
@@ -129,9 +122,11 @@ void BankingCreditCardQIF::outputKept(const Prepared& p, Dictionary& record, std
                                       OutputFormats& writer, const WalkOptions& options) {
     const Value* ownSplits = find(record, txkey::splits);
     processSplits(ownSplits ? &ownSplits->array() : nullptr);
+    // The memo typed in the new-instruction form, while its switch was left on, wins over the
+    // record's: that has always been so.
     BankOutput out{p.date,
                    p.description,
-                   p.memo,
+                   formMemo_ ? formMemo_ : p.memo,
                    p.amount,
                    numberFor(record, options),
                    optionalText(record, txkey::category),
@@ -140,28 +135,150 @@ void BankingCreditCardQIF::outputKept(const Prepared& p, Dictionary& record, std
     writer.produceBankCCOutput(output, out);
 }
 
-WalkResult BankingCreditCardQIF::processInstructionsAndAppendToString(std::string& output,
-                                                                      OutputFormats& writer,
-                                                                      ErrorWarning& warning,
-                                                                      Dialogs& /*dialogs*/,
-                                                                      const WalkOptions& options) {
+namespace {
+
+// The run of decimal digits after the description's leading non-digits: the check number an
+// instruction with `number` takes from the description.
+std::optional<std::string> checkNumberIn(std::string_view description) {
+    std::size_t begin = description.find_first_of("0123456789");
+    if (begin == std::string_view::npos)
+        return std::nullopt;
+    std::size_t end = description.find_first_not_of("0123456789", begin);
+    return std::string(
+        description.substr(begin, end == std::string_view::npos ? end : end - begin));
+}
+
+} // namespace
+
+std::string BankingCreditCardQIF::categoryFor(const Dictionary& record,
+                                              const std::string& ruleCategory) const {
+    if (optionOn(ctx_.prefs, option::useCategoriesIfPresent) && has(record, txkey::category))
+        return textOf(record, txkey::category);
+    return ruleCategory;
+}
+
+void BankingCreditCardQIF::outputWithInstruction(Walk& walk, const Prepared& p,
+                                                 Dictionary& record) {
+    BankOutput out;
+    out.date = p.date;
+    out.number = numberFor(record, walk.options);
+    out.cleared = clearedFor(record, walk.options);
+    out.splits = splits ? &*splits : nullptr;
+    if (amountInstruction_) {
+        const Dictionary& a = *amountInstruction_;
+        out.description = textOf(a, akey::amountDescription);
+        out.memo = has(a, akey::amountMemo) ? optionalText(a, akey::amountMemo) : p.memo;
+        out.amount = textOf(a, akey::amount);
+        out.category = categoryFor(record, textOf(a, akey::amountCategory));
+    } else {
+        const Dictionary& i = instruction_;
+        out.description =
+            has(i, ikey::newDescription) ? optionalText(i, ikey::newDescription) : p.description;
+        out.memo = has(i, ikey::newMemo) ? optionalText(i, ikey::newMemo) : p.memo;
+        out.amount = p.amount;
+        out.category = categoryFor(record, textOf(i, ikey::category));
+    }
+    if (!out.splits)
+        out.splits = nullptr;
+    walk.writer.produceBankCCOutput(walk.output, out);
+}
+
+BankingCreditCardQIF::Step BankingCreditCardQIF::decide(Walk& walk, Prepared& p,
+                                                        Dictionary& record) {
+    const TvPrefs& prefs = ctx_.prefs;
+    std::optional<Dictionary> found;
+    std::optional<std::string> prompt;
+    std::string matched;
+    if (optionOn(prefs, option::baseCategoriesOnCategories) && has(record, txkey::category)) {
+        matched = textOf(record, txkey::category);
+        found = walk.instructions.instructionMatching(matched, ikey::categoryMatch);
+    } else {
+        std::string text = p.description.value_or("");
+        if (optionOn(prefs, option::updateCategoryWhenDescriptionChanged) &&
+            !changedDescription.empty())
+            text = changedDescription;
+        std::string memo = p.memo.value_or("");
+        bool descriptionFirst = optionOn(prefs, option::matchDescriptionThenMemo);
+        bool memoFirst = !descriptionFirst && optionOn(prefs, option::matchMemoThenDescription);
+        const std::string& first = memoFirst ? memo : text;
+        found = walk.instructions.instructionMatching(first, ikey::descriptionMatch);
+        if (!found && (descriptionFirst || memoFirst))
+            found = walk.instructions.instructionMatching(memoFirst ? text : memo,
+                                                          ikey::descriptionMatch);
+        matched = text;
+        prompt = std::string(text::noInstructionPrompt);
+    }
+    if (!found)
+        return newInstruction(walk, p, record, prompt, matched, false);
+    instruction_ = *found;
+    const Dictionary* amount = Amounts::amountMatching(p.amount.value_or(""), instruction_);
+    amountInstruction_ = amount ? std::optional<Dictionary>(*amount) : std::nullopt;
+    const Value* chosen = has(record, txkey::userSplits) ? find(record, txkey::splits)
+                          : amountInstruction_           ? find(*amountInstruction_, akey::splits)
+                                                         : find(instruction_, ikey::splits);
+    processSplits(chosen ? &chosen->array() : nullptr);
+    extractedCheckNumber.reset();
+    if (flagOf(instruction_, ikey::number))
+        extractedCheckNumber = checkNumberIn(p.description.value_or(""));
+    bool ask = mustConfirm || redisplayConfirm_ ||
+               (amountInstruction_ ? flagOf(*amountInstruction_, akey::amountConfirm)
+                                   : flagOf(instruction_, ikey::categoryConfirm));
+    if (ask)
+        return confirm(walk, p, record);
+    outputWithInstruction(walk, p, record);
+    return Step::advanced;
+}
+
+BankingCreditCardQIF::Step BankingCreditCardQIF::step(Walk& walk) {
+    Dictionary& record = qif[currentTransactionIndex];
+    if (has(record, txkey::errorMessage)) {
+        int pressed =
+            walk.warning.warn(walk.options.inputFormat, textOf(record, txkey::errorMessage),
+                              textOf(record, txkey::errorText), std::string(text::skipTransaction));
+        return pressed == 1 ? Step::skipped : Step::stop;
+    }
+    splitInstructionConfirm = false;
+    Prepared p = prepare(record, walk.output, walk.options);
+    instruction_.clear();
+    amountInstruction_.reset();
+    if (keepsInputCategory(record)) {
+        const Value* own = find(record, txkey::splits);
+        processSplits(own ? &own->array() : nullptr);
+        if (mustConfirm || redisplayConfirm_)
+            return confirm(walk, p, record);
+        outputKept(p, record, walk.output, walk.writer, walk.options);
+        return Step::advanced;
+    }
+    return decide(walk, p, record);
+}
+
+WalkResult BankingCreditCardQIF::processInstructionsAndAppendToString(
+    std::string& output, OutputFormats& writer, ErrorWarning& warning, Dialogs& dialogs,
+    Instructions& instructions, const WalkOptions& options) {
+    Walk walk{output, writer, warning, dialogs, instructions, options};
     numberOfTransactionsAppended = 0;
     extractedCheckNumber.reset();
+    cancelReturnsToConfirm = false;
     while (currentTransactionIndex < maxTransactionIndex) {
-        Dictionary& record = qif[currentTransactionIndex];
-        if (has(record, txkey::errorMessage)) {
-            if (warning.warn(options.inputFormat, textOf(record, txkey::errorMessage),
-                             textOf(record, txkey::errorText),
-                             std::string(text::skipTransaction)) != 1)
-                return {numberOfTransactionsAppended, std::nullopt};
+        switch (step(walk)) {
+        case Step::advanced:
+            ++numberOfTransactionsAppended;
+            [[fallthrough]];
+        case Step::skipped:
             ++currentTransactionIndex;
-            continue;
+            extractedCheckNumber.reset();
+            changedDescription.clear();
+            break;
+        case Step::rerun:
+        case Step::back:
+            break;
+        case Step::stop:
+            return {numberOfTransactionsAppended, std::nullopt};
+        case Step::stopNow:
+            return {0, std::nullopt};
+        case Step::finishLater:
+            return {0, continuation(output)};
         }
-        Prepared p = prepare(record, output, options);
-        outputKept(p, record, output, writer, options);
-        extractedCheckNumber.reset();
-        ++currentTransactionIndex;
-        ++numberOfTransactionsAppended;
     }
     return {numberOfTransactionsAppended, std::nullopt};
 }

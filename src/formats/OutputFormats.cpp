@@ -199,7 +199,7 @@ void OutputFormats::writeQIF(std::string& output, const BankOutput& t,
         line(output, 'T', *t.amount);
     if (!number.empty())
         line(output, 'N', number);
-    if (!t.splits && t.category)
+    if (!t.splits && t.category && !t.category->empty())
         line(output, 'L', *t.category);
     if (t.splits)
         for (const Value& split : *t.splits) {

@@ -1,6 +1,7 @@
 #include "bank/BankTexts.h"
 #include "bank/BankingCreditCardQIF.h"
 #include "formats/OutputFormats.h"
+#include "knowledge/Instructions.h"
 #include "prefs/Settings.h"
 #include "recognize/CalendarDate.h"
 #include "support/ScriptedDialogs.h"
@@ -18,6 +19,7 @@ struct TransactionWalk : ::testing::Test {
     OutputFormats writer{t.ctx, dialogs};
     ErrorWarning warning{dialogs, nullptr};
     BankingCreditCardQIF reader{t.ctx};
+    Instructions instructions{t.ctx.prefs};
     WalkOptions options;
     std::string out;
 
@@ -33,7 +35,8 @@ struct TransactionWalk : ::testing::Test {
         reader.maxTransactionIndex = reader.qif.size();
     }
     WalkResult walk() {
-        return reader.processInstructionsAndAppendToString(out, writer, warning, dialogs, options);
+        return reader.processInstructionsAndAppendToString(out, writer, warning, dialogs,
+                                                           instructions, options);
     }
 };
 

@@ -3,6 +3,7 @@
 
 #include "app/Controller.h"
 #include "prefs/Files.h"
+#include "prefs/PropertyList.h"
 #include "prefs/Settings.h"
 #include "recognize/CalendarDate.h"
 #include "support/ScriptedDialogs.h"
@@ -51,8 +52,10 @@ std::vector<std::string> lines(const std::string& body) {
 }
 
 std::string unescape(std::string text) {
-    for (std::size_t at = text.find("\\r"); at != std::string::npos; at = text.find("\\r", at + 1))
-        text.replace(at, 2, "\r");
+    for (auto [from, to] : {std::pair{"\\r", "\r"}, std::pair{"\\n", "\n"}})
+        for (std::size_t at = text.find(from); at != std::string::npos;
+             at = text.find(from, at + 1))
+            text.replace(at, 2, to);
     return text;
 }
 
@@ -92,6 +95,8 @@ public:
 private:
     void applyPrefs(const std::string& body);
     void addLayout(const std::string& spec);
+    void addInstruction(const std::string& spec);
+    void addAmountInstruction(const std::string& spec);
     void applyRun(const std::string& body, Controller& controller);
     void script(const std::string& body);
 
@@ -99,7 +104,48 @@ private:
     test::TestContext t_;
     test::ScriptedDialogs dialogs_;
     fs::path output_;
+    fs::path continuation_;
 };
+
+// "key=value;key=value;...", with "splits=CAT/MEMO/AMOUNT,..." for splits.
+Dictionary record(const std::string& spec) {
+    Dictionary out;
+    for (const Value& pair : list(spec, ";")) {
+        auto [key, value] = split(pair.text(), "=");
+        if (key != "splits") {
+            out.insert_or_assign(key, Value(value));
+            continue;
+        }
+        Array splits;
+        for (const Value& one : list(value, ",")) {
+            Array parts = list(one.text(), "/");
+            parts.resize(3);
+            splits.emplace_back(
+                Dictionary{{"category", parts[0]}, {"memo", parts[1]}, {"amount", parts[2]}});
+        }
+        out.insert_or_assign("splits", Value(splits));
+    }
+    return out;
+}
+
+void Scenario::addInstruction(const std::string& spec) {
+    Array all = t_.ctx.prefs.objectForKey(prefkey::Instructions)
+                    ? t_.ctx.prefs.objectForKey(prefkey::Instructions)->array()
+                    : Array{};
+    all.emplace_back(record(spec));
+    t_.ctx.prefs.setObject(prefkey::Instructions, Value(all));
+}
+
+// Adds an amount instruction to the last instruction.
+void Scenario::addAmountInstruction(const std::string& spec) {
+    Array all = t_.ctx.prefs.objectForKey(prefkey::Instructions)->array();
+    Dictionary last = all.back().dictionary();
+    Array amounts = find(last, "amounts") ? find(last, "amounts")->array() : Array{};
+    amounts.emplace_back(record(spec));
+    last.insert_or_assign("amounts", Value(amounts));
+    all.back() = Value(last);
+    t_.ctx.prefs.setObject(prefkey::Instructions, Value(all));
+}
 
 // "NAME SEPARATOR ITEM,ITEM,...": a delimited layout writing every item listed.
 void Scenario::addLayout(const std::string& spec) {
@@ -135,6 +181,10 @@ void Scenario::applyPrefs(const std::string& body) {
                 accounts.emplace_back(Dictionary{{"Name", Value(name)}, {"Type", Value(type)}});
             }
             prefs.setObject(prefkey::Accounts, Value(accounts));
+        } else if (verb == "instruction") {
+            addInstruction(rest);
+        } else if (verb == "amount-instruction") {
+            addAmountInstruction(rest);
         } else if (verb == "layout") {
             addLayout(rest);
         } else {
@@ -178,6 +228,43 @@ void Scenario::applyRun(const std::string& body, Controller& controller) {
     }
 }
 
+// "ACTION [field=value ...]": edits the form, then answers with the action.
+std::function<ConfirmAction(ConfirmForm&)> confirmHandler(const std::string& spec) {
+    auto [action, edits] = split(spec, " ");
+    return [action = action, edits = edits](ConfirmForm& form) {
+        for (const Value& edit : list(edits, " ")) {
+            auto [field, value] = split(edit.text(), "=");
+            if (field == "category")
+                form.setCategory(value);
+            else if (field == "desc")
+                form.setDescription(value);
+            else if (field == "memo")
+                form.setMemo(value);
+            else if (field == "step-date")
+                form.stepDate(std::stoi(value));
+        }
+        const std::map<std::string, ConfirmAction> actions{
+            {"ok", ConfirmAction::ok},
+            {"skip", ConfirmAction::skip},
+            {"skip-rest", ConfirmAction::skipRemaining},
+            {"back", ConfirmAction::back},
+            {"cancel", ConfirmAction::cancel},
+            {"swap", ConfirmAction::swapDescriptionAndMemo},
+            {"add-instruction", ConfirmAction::addInstruction},
+            {"add-amount", ConfirmAction::addAmountInstruction}};
+        return actions.at(action);
+    };
+}
+
+std::function<NewInstructionAction(NewInstructionForm&)>
+newInstructionHandler(const std::string& spec) {
+    return [spec](NewInstructionForm&) {
+        if (spec == "cancel")
+            return NewInstructionAction::cancel;
+        return NewInstructionAction::useAsRead;
+    };
+}
+
 void Scenario::script(const std::string& body) {
     for (const std::string& l : lines(body)) {
         auto [verb, rest] = split(l, " ");
@@ -188,6 +275,16 @@ void Scenario::script(const std::string& body) {
             dialogs_.expectAsk(title, std::stoul(answer));
         else if (verb == "save" || verb == "append")
             dialogs_.expectFile(verb, output_.string());
+        else if (verb == "confirm")
+            dialogs_.expectConfirm(confirmHandler(rest));
+        else if (verb == "new-instruction")
+            dialogs_.expectNewInstruction(newInstructionHandler(rest));
+        else if (verb == "cancel-question")
+            dialogs_.expectCancelQuestion(rest == "stop"    ? CancelChoice::stopNow
+                                          : rest == "later" ? CancelChoice::finishLater
+                                                            : CancelChoice::goOn);
+        else if (verb == "save-continuation")
+            dialogs_.expectFile("save", continuation_.string());
         else if (verb == "error")
             dialogs_.expectErrorWarning(unescape(title), answer == "skip");
         else
@@ -221,6 +318,7 @@ void Scenario::run() {
         split(input.argument, " ").second == "crlf" ? toCrlf(input.body) : input.body;
     fs::path statement = t_.folder.path() / name;
     output_ = t_.folder.path() / "out" / "output.qif";
+    continuation_ = t_.folder.path() / "out" / "later.tvcn";
     fs::create_directories(output_.parent_path());
     ASSERT_TRUE(writeFileAtomically(statement, bytes));
     if (byName.count("existing")) {
@@ -252,6 +350,16 @@ void Scenario::run() {
         auto before =
             byName.count("existing") ? std::optional(byName["existing"]->body) : std::nullopt;
         EXPECT_EQ(readWholeFile(output_), before);
+    }
+    if (byName.count("expect continuation")) {
+        PlistRead saved = readPropertyListFile(continuation_);
+        ASSERT_TRUE(saved.ok()) << "no continuation file";
+        for (const std::string& l : lines(byName["expect continuation"]->body)) {
+            auto [key, value] = split(l, "=");
+            const Value* v = find(saved.value.dictionary(), key);
+            ASSERT_TRUE(v) << key;
+            EXPECT_EQ(v->isString() ? v->text() : v->describe(), unescape(value)) << key;
+        }
     }
     if (byName.count("expect message")) {
         std::string expected = unescape(byName["expect message"]->body);

@@ -4,6 +4,18 @@
 
 namespace tavvel::test {
 
+ScriptedDialogs::Step ScriptedDialogs::makeStep(std::string kind, std::string title,
+                                                std::size_t answer, std::optional<std::string> path,
+                                                bool flag) {
+    Step step;
+    step.kind = std::move(kind);
+    step.title = std::move(title);
+    step.answer = answer;
+    step.path = std::move(path);
+    step.flag = flag;
+    return step;
+}
+
 ScriptedDialogs::~ScriptedDialogs() {
     if (!script_.empty())
         ADD_FAILURE() << "scripted " << script_.front().kind << " \"" << script_.front().title
@@ -11,30 +23,56 @@ ScriptedDialogs::~ScriptedDialogs() {
 }
 
 ScriptedDialogs& ScriptedDialogs::expectAlert(std::string title) {
-    script_.push_back({"alert", std::move(title), 0, {}, false});
+    script_.push_back(makeStep("alert", std::move(title), 0, {}, false));
     return *this;
 }
 
 ScriptedDialogs& ScriptedDialogs::expectAsk(std::string title, std::size_t answer) {
-    script_.push_back({"ask", std::move(title), answer, {}, false});
+    script_.push_back(makeStep("ask", std::move(title), answer, {}, false));
     return *this;
 }
 
 ScriptedDialogs& ScriptedDialogs::expectFile(std::string kind, std::optional<std::string> path) {
-    script_.push_back({std::move(kind), "", 0, std::move(path), false});
+    script_.push_back(makeStep(std::move(kind), "", 0, std::move(path), false));
     return *this;
 }
 
 ScriptedDialogs& ScriptedDialogs::expectErrorWarning(std::string message, bool pressButton,
                                                      bool dontWarnAgain) {
     script_.push_back(
-        {"errorWarning", std::move(message), pressButton ? 1u : 0u, {}, dontWarnAgain});
+        makeStep("errorWarning", std::move(message), pressButton ? 1u : 0u, {}, dontWarnAgain));
     return *this;
 }
 
 ScriptedDialogs& ScriptedDialogs::expectCancelQuestion(CancelChoice choice, bool makePermanent) {
-    script_.push_back({"cancel", "", static_cast<std::size_t>(choice), {}, makePermanent});
+    script_.push_back(makeStep("cancel", "", static_cast<std::size_t>(choice), {}, makePermanent));
     return *this;
+}
+
+ScriptedDialogs&
+ScriptedDialogs::expectConfirm(std::function<ConfirmAction(ConfirmForm&)> handler) {
+    Step step = makeStep("confirm", "Confirm Transaction", 0, {}, false);
+    step.confirm = std::move(handler);
+    script_.push_back(std::move(step));
+    return *this;
+}
+
+ScriptedDialogs& ScriptedDialogs::expectNewInstruction(
+    std::function<NewInstructionAction(NewInstructionForm&)> handler) {
+    Step step = makeStep("newInstruction", "", 0, {}, false);
+    step.newInstruction = std::move(handler);
+    script_.push_back(std::move(step));
+    return *this;
+}
+
+ConfirmAction ScriptedDialogs::confirmTransaction(ConfirmForm& form) {
+    Step step = next({"confirm", form.title(), form.description(), {}});
+    return step.confirm(form);
+}
+
+NewInstructionAction ScriptedDialogs::newInstruction(NewInstructionForm& form) {
+    Step step = next({"newInstruction", "", form.setup().description, {}});
+    return step.newInstruction(form);
 }
 
 ErrorWarningAnswer ScriptedDialogs::errorWarning(const std::string& message,

@@ -3,9 +3,12 @@
 // order; an unexpected or unanswered one fails the test with its title and text and stops
 // the run (so a walk can never wait forever for an answer).
 
+#include "ui/ConfirmForm.h"
 #include "ui/Dialogs.h"
+#include "ui/NewInstructionForm.h"
 
 #include <deque>
+#include <functional>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -39,6 +42,11 @@ public:
     // tick "don't warn again" or not.
     ScriptedDialogs& expectErrorWarning(std::string message, bool pressButton = true,
                                         bool dontWarnAgain = false);
+    // Expect the confirmation form; the handler may edit the form and returns the action.
+    ScriptedDialogs& expectConfirm(std::function<ConfirmAction(ConfirmForm&)> handler);
+    // Expect the new-instruction form, likewise.
+    ScriptedDialogs&
+    expectNewInstruction(std::function<NewInstructionAction(NewInstructionForm&)> handler);
     // Expect the cancel question, answered with the choice.
     ScriptedDialogs& expectCancelQuestion(CancelChoice choice, bool makePermanent = false);
 
@@ -48,6 +56,8 @@ public:
     ErrorWarningAnswer errorWarning(const std::string& message, const std::string& text,
                                     const std::string& buttonTitle, bool offerDontWarn) override;
     CancelAnswer cancelQuestion() override;
+    ConfirmAction confirmTransaction(ConfirmForm& form) override;
+    NewInstructionAction newInstruction(NewInstructionForm& form) override;
     std::optional<std::string> chooseFileToOpen(const FileChoice& choice) override;
     std::optional<std::string> chooseFileToSave(const FileChoice& choice) override;
     std::optional<std::string> chooseFileToAppendTo(const FileChoice& choice) override;
@@ -68,7 +78,11 @@ protected:
         std::size_t answer = 0;
         std::optional<std::string> path;
         bool flag = false;
+        std::function<ConfirmAction(ConfirmForm&)> confirm;
+        std::function<NewInstructionAction(NewInstructionForm&)> newInstruction;
     };
+    static Step makeStep(std::string kind, std::string title, std::size_t answer,
+                         std::optional<std::string> path, bool flag);
     std::optional<std::string> file(const std::string& kind, const FileChoice& choice);
     // Takes the next step, which must be of this kind and title, or fails the test.
     Step next(const Shown& shown);

@@ -1,0 +1,238 @@
+// The walk's forms: the confirmation form and its actions, the new-instruction form, Back,
+// Cancel, and the continuation record kept when the user finishes later.
+
+#include "bank/BankTexts.h"
+#include "bank/TransactionKeys.h"
+#include "bank/WalkState.h"
+#include "context/Context.h"
+#include "formats/OutputFormats.h"
+#include "knowledge/Categories.h"
+#include "knowledge/Descriptions.h"
+#include "knowledge/Instructions.h"
+#include "knowledge/KnowledgeKeys.h"
+#include "prefs/Settings.h"
+#include "ui/ConfirmForm.h"
+#include "ui/Dialogs.h"
+#include "ui/NewInstructionForm.h"
+#include "ui/RunHelpers.h"
+
+#if __has_include("bank/NewInstructionSaving.h")
+#include "bank/NewInstructionSaving.h"
+#define TAVVEL_HAS_INSTRUCTION_SAVING 1
+#endif
+
+namespace tavvel {
+
+namespace {
+
+// The confirmation form's description: the amount instruction's, the instruction's new one,
+// the one typed before, or the record's.
+std::string formDescription(const std::optional<Dictionary>& amount, const Dictionary& instruction,
+                            const std::string& changed, const std::optional<std::string>& own) {
+    if (amount && has(*amount, akey::amountDescription))
+        return textOf(*amount, akey::amountDescription);
+    if (has(instruction, ikey::newDescription))
+        return textOf(instruction, ikey::newDescription);
+    if (!changed.empty())
+        return changed;
+    return own.value_or("");
+}
+
+std::string formMemo(const std::optional<Dictionary>& amount, const Dictionary& instruction,
+                     const std::optional<std::string>& own) {
+    if (amount && has(*amount, akey::amountMemo))
+        return textOf(*amount, akey::amountMemo);
+    if (has(instruction, ikey::newMemo))
+        return textOf(instruction, ikey::newMemo);
+    return own.value_or("");
+}
+
+} // namespace
+
+BankingCreditCardQIF::Step BankingCreditCardQIF::confirm(Walk& walk, Prepared& p,
+                                                         Dictionary& record) {
+    redisplayConfirm_ = false;
+    const TvPrefs& prefs = ctx_.prefs;
+    ConfirmForm::Setup setup;
+    setup.recordDate = textOf(record, txkey::date);
+    setup.date = p.date;
+    setup.fixedDate = !walk.options.outputDate.empty();
+    setup.datePattern = ctx_.output.longDatePattern();
+    setup.amount = p.amount;
+    setup.number = numberFor(record, walk.options);
+    setup.description =
+        formDescription(amountInstruction_, instruction_, changedDescription, p.description);
+    if (has(record, txkey::memo))
+        setup.memo = formMemo(amountInstruction_, instruction_, p.memo);
+    bool keepsNone = !optionOn(prefs, option::dontAddCategories) &&
+                     !optionOn(prefs, option::useCategoriesIfPresent);
+    if (amountInstruction_)
+        setup.category = categoryFor(record, textOf(*amountInstruction_, akey::amountCategory));
+    else if (!instruction_.empty())
+        setup.category = categoryFor(record, textOf(instruction_, ikey::category));
+    else
+        setup.category = keepsNone ? std::string() : textOf(record, txkey::category);
+    setup.splits = splits;
+    setup.recordHasCategory = has(record, txkey::category);
+    setup.mustConfirm = mustConfirm;
+    setup.splitInstructionConfirm = splitInstructionConfirm;
+    setup.qifOutput = walk.writer.QIFOutput();
+    setup.backEnabled = currentTransactionIndex > 0;
+    setup.instructionKeyedOnDescription = !has(instruction_, ikey::categoryMatch);
+    ConfirmForm form(ctx_.prefs);
+    form.fill(setup);
+    return confirmed(walk, p, record, form);
+}
+
+BankingCreditCardQIF::Step BankingCreditCardQIF::confirmed(Walk& walk, Prepared& p,
+                                                           Dictionary& record, ConfirmForm& form) {
+    while (true) {
+        ConfirmAction action = walk.dialogs.confirmTransaction(form);
+        switch (action) {
+        case ConfirmAction::ok: {
+            // A second OK after a refused category replaces what the first one wrote.
+            walk.output.resize(
+                static_cast<std::size_t>(record.at(std::string(txkey::outputLength)).toInteger()));
+            if (form.userSplits()) {
+                setFlag(record, txkey::userSplits, true);
+                if (form.splits())
+                    record.insert_or_assign(std::string(txkey::splits), Value(*form.splits()));
+                else
+                    record.erase(std::string(txkey::splits));
+            }
+            std::optional<Array> formSplits = form.splits();
+            BankOutput out{form.date(),
+                           form.description(),
+                           form.memoShown() ? std::optional(form.memo()) : p.memo,
+                           p.amount,
+                           form.number(),
+                           form.category(),
+                           clearedFor(record, walk.options),
+                           formSplits ? &*formSplits : nullptr};
+            walk.writer.produceBankCCOutput(walk.output, out);
+            Categories categories(ctx_.prefs);
+            bool accepted = true;
+            if (formSplits)
+                for (const Value& s : *formSplits)
+                    accepted = accepted && categories.registerCategory(
+                                               textOf(s.dictionary(), "category"), walk.dialogs);
+            else
+                accepted = categories.registerCategory(form.category(), walk.dialogs);
+            if (!accepted)
+                continue;
+            Descriptions(ctx_.prefs).addDescription(form.description());
+            return Step::advanced;
+        }
+        case ConfirmAction::skip:
+            return Step::skipped;
+        case ConfirmAction::skipRemaining:
+            return Step::stop;
+        case ConfirmAction::back:
+            return back();
+        case ConfirmAction::cancel: {
+            Step answer = cancelled(walk);
+            if (answer == Step::rerun)
+                continue;
+            return answer;
+        }
+        case ConfirmAction::swapDescriptionAndMemo:
+            doSwap = true;
+            return Step::rerun;
+        case ConfirmAction::descriptionChanged:
+            changedDescription = form.description();
+            return Step::rerun;
+        case ConfirmAction::addInstruction:
+        case ConfirmAction::addAmountInstruction: {
+            bool amountOnly = action == ConfirmAction::addAmountInstruction;
+            record.erase(std::string(txkey::userSplits));
+            cancelReturnsToConfirm = true;
+            return newInstruction(walk, p, record, std::string(text::addInstructionPrompt),
+                                  p.description.value_or(""), amountOnly);
+        }
+        }
+    }
+}
+
+BankingCreditCardQIF::Step BankingCreditCardQIF::back() {
+    if (currentTransactionIndex == 0)
+        return Step::rerun;
+    qif[currentTransactionIndex].erase(std::string(txkey::outputLength));
+    --currentTransactionIndex;
+    if (numberOfTransactionsAppended > 0)
+        --numberOfTransactionsAppended;
+    return Step::back;
+}
+
+// 0 stop now, 1 finish later, anything else: back to the form (rerun).
+BankingCreditCardQIF::Step BankingCreditCardQIF::cancelled(Walk& walk) {
+    switch (cancelConfirm(ctx_.prefs, walk.dialogs)) {
+    case 0:
+        return Step::stopNow;
+    case 1:
+        return Step::finishLater;
+    default:
+        return Step::rerun;
+    }
+}
+
+BankingCreditCardQIF::Step BankingCreditCardQIF::newInstruction(Walk& walk, Prepared& p,
+                                                                Dictionary& record,
+                                                                std::optional<std::string> prompt,
+                                                                std::string matched,
+                                                                bool addAmountOnly) {
+    NewInstructionForm form(ctx_.prefs);
+    NewInstructionForm::Setup setup;
+    setup.amount = p.amount;
+    setup.prompt = std::move(prompt);
+    setup.addAmountOnly = addAmountOnly;
+    setup.description = std::move(matched);
+    setup.category = optionalText(record, txkey::category);
+    setup.transaction = record;
+    setup.instruction = instruction_;
+    setup.cancelReturnsToConfirm = cancelReturnsToConfirm;
+    setup.runOutputNumber = walk.options.outputNumber;
+    form.fill(setup);
+    while (true) {
+        NewInstructionAction action = walk.dialogs.newInstruction(form);
+        formMemo_ = form.useMemoOn() ? std::optional(form.newMemo()) : std::nullopt;
+        switch (action) {
+        case NewInstructionAction::useAsRead:
+            outputKept(p, record, walk.output, walk.writer, walk.options);
+            return Step::advanced;
+        case NewInstructionAction::cancel: {
+            if (cancelReturnsToConfirm) {
+                cancelReturnsToConfirm = false;
+                redisplayConfirm_ = true;
+                return Step::rerun;
+            }
+            Step answer = cancelled(walk);
+            if (answer == Step::rerun)
+                continue;
+            return answer;
+        }
+        case NewInstructionAction::save:
+#ifdef TAVVEL_HAS_INSTRUCTION_SAVING
+            if (saveNewInstruction(form, ctx_.prefs, walk.dialogs) != SaveOutcome::stored)
+                continue;
+#endif
+            extractedCheckNumber.reset();
+            cancelReturnsToConfirm = false;
+            return Step::rerun;
+        }
+    }
+}
+
+Dictionary BankingCreditCardQIF::continuation(const std::string& output) const {
+    Array records;
+    records.reserve(qif.size());
+    for (const Dictionary& record : qif)
+        records.emplace_back(record);
+    return Dictionary{
+        {"qif", Value(std::move(records))},
+        {"fileAsString", Value(output)},
+        {"currentTransactionIndex", Value(static_cast<std::int64_t>(currentTransactionIndex))},
+        {"numberOfTransactionsAppended",
+         Value(static_cast<std::int64_t>(numberOfTransactionsAppended))}};
+}
+
+} // namespace tavvel
