@@ -62,14 +62,28 @@ const InstructionIndex::Table& InstructionIndex::tableFor(std::string_view key) 
     return key == ikey::categoryMatch ? categories_ : descriptions_;
 }
 
+namespace {
+
+// The rolling hash of every prefix of the text up to the length, in one pass.
+std::vector<std::uint64_t> prefixHashes(std::string_view folded, std::size_t longest) {
+    std::vector<std::uint64_t> hashes(longest + 1);
+    RollingHash hash;
+    for (std::size_t length = 0; length <= longest; ++length) {
+        hashes[length] = hash.value();
+        if (length < longest)
+            hash.add(folded[length]);
+    }
+    return hashes;
+}
+
+} // namespace
+
 // The table knows texts by hash only: a hit is confirmed against the list, where the entry's
 // folded match text must be the probed text, and must apply character by character (which
 // differs from bytes only where a text is not UTF-8).
-std::optional<std::size_t>
-InstructionIndex::firstApplying(const Array& list, const Table& table, std::string_view folded,
-                                std::uint64_t hash, std::string_view text, std::string_view key,
-                                MatchRules rules) const {
-    if (!table.mayHold(hash))
+std::optional<std::size_t> InstructionIndex::Lookup::probe(std::string_view folded,
+                                                           std::uint64_t hash) const {
+    if (!table.hasLength(folded.size()) || !table.mayHold(hash))
         return std::nullopt;
     const PositionList* at = table.positionsOf(hash);
     if (!at)
@@ -82,37 +96,30 @@ InstructionIndex::firstApplying(const Array& list, const Table& table, std::stri
     });
 }
 
-std::optional<std::size_t> InstructionIndex::find(const Array& list, std::string_view text,
-                                                  std::string_view key, MatchRules rules) const {
-    const Table& table = tableFor(key);
-    if (text.empty())
-        return firstApplying(list, table, "", RollingHash().value(), text, key, rules);
-    if (rules.contains)
-        return findContained(list, table, text, key, rules);
-    return findStartsWith(list, table, text, key, rules);
+bool InstructionIndex::Lookup::better(const Hit& hit, const std::optional<Hit>& best) const {
+    if (!best)
+        return true;
+    if (rules.longest && hit.length != best->length)
+        return hit.length > best->length;
+    return hit.position < best->position;
 }
 
-std::optional<std::size_t> InstructionIndex::findStartsWith(const Array& list, const Table& table,
-                                                            std::string_view text,
-                                                            std::string_view key,
-                                                            MatchRules rules) const {
-    std::string folded = foldCase(text);
-    std::size_t longest = std::min(folded.size(), table.longest());
-    // The rolling hash of every prefix that could be a match text, in one pass.
-    std::vector<std::uint64_t> hashes(longest + 1);
-    RollingHash hash;
-    for (std::size_t length = 0; length <= longest; ++length) {
-        hashes[length] = hash.value();
-        if (length < longest)
-            hash.add(folded[length]);
-    }
+std::optional<std::size_t> InstructionIndex::find(const Array& list, std::string_view text,
+                                                  std::string_view key, MatchRules rules) const {
+    Lookup lookup{list, tableFor(key), text, key, rules};
+    if (text.empty())
+        return lookup.probe("", RollingHash().value());
+    return rules.contains ? findContained(lookup) : findStartsWith(lookup);
+}
+
+std::optional<std::size_t> InstructionIndex::findStartsWith(const Lookup& lookup) {
+    std::string folded = foldCase(lookup.text);
+    std::size_t longest = std::min(folded.size(), lookup.table.longest());
+    std::vector<std::uint64_t> hashes = prefixHashes(folded, longest);
     auto probe = [&](std::size_t length) {
-        if (!table.hasLength(length))
-            return std::optional<std::size_t>();
-        std::string_view prefix = std::string_view(folded).substr(0, length);
-        return firstApplying(list, table, prefix, hashes[length], text, key, rules);
+        return lookup.probe(std::string_view(folded).substr(0, length), hashes[length]);
     };
-    if (rules.longest) {
+    if (lookup.rules.longest) {
         // Prefixes of one text that differ in length differ in characters too, so the first
         // applying length from the top is the longest match.
         for (std::size_t length = longest; length > 0; --length)
@@ -127,37 +134,27 @@ std::optional<std::size_t> InstructionIndex::findStartsWith(const Array& list, c
     return best;
 }
 
-std::optional<std::size_t> InstructionIndex::findContained(const Array& list, const Table& table,
-                                                           std::string_view text,
-                                                           std::string_view key,
-                                                           MatchRules rules) const {
-    std::string folded = foldCase(text);
-    std::string_view whole = folded;
+std::optional<std::size_t> InstructionIndex::findContained(const Lookup& lookup) {
+    std::string folded = foldCase(lookup.text);
     std::optional<Hit> best;
-    auto better = [&](const Hit& hit) {
-        if (!best)
-            return true;
-        if (rules.longest && hit.length != best->length)
-            return hit.length > best->length;
-        return hit.position < best->position;
-    };
-    for (std::size_t start = 0; start < whole.size(); ++start) {
-        RollingHash hash;
-        std::size_t longest = std::min(whole.size() - start, table.longest());
-        for (std::size_t length = 1; length <= longest; ++length) {
-            hash.add(whole[start + length - 1]);
-            if (!table.hasLength(length))
-                continue;
-            std::string_view part = whole.substr(start, length);
-            auto position = firstApplying(list, table, part, hash.value(), text, key, rules);
-            if (!position)
-                continue;
+    for (std::size_t start = 0; start < folded.size(); ++start)
+        findFrom(lookup, folded, start, best);
+    return best ? std::optional<std::size_t>(best->position) : std::nullopt;
+}
+
+void InstructionIndex::findFrom(const Lookup& lookup, std::string_view folded, std::size_t start,
+                                std::optional<Hit>& best) {
+    RollingHash hash;
+    std::size_t longest = std::min(folded.size() - start, lookup.table.longest());
+    for (std::size_t length = 1; length <= longest; ++length) {
+        hash.add(folded[start + length - 1]);
+        std::string_view part = folded.substr(start, length);
+        if (auto position = lookup.probe(part, hash.value())) {
             Hit hit{*position, characterCount(part)};
-            if (better(hit))
+            if (lookup.better(hit, best))
                 best = hit;
         }
     }
-    return best ? std::optional<std::size_t>(best->position) : std::nullopt;
 }
 
 std::optional<std::size_t> InstructionIndex::firstWithMatchText(const Array& list,

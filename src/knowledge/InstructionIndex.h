@@ -40,7 +40,21 @@ private:
 
     struct Hit {
         std::size_t position;
-        std::size_t length;
+        std::size_t length; // in characters
+    };
+
+    // One lookup: what every probe of it needs.
+    struct Lookup {
+        const Array& list;
+        const Table& table;
+        std::string_view text;
+        std::string_view key;
+        MatchRules rules;
+        // The first position holding the folded text (whose rolling hash is given) where the
+        // entry applies to the text.
+        std::optional<std::size_t> probe(std::string_view folded, std::uint64_t hash) const;
+        // Whether the hit beats the best so far under the rules.
+        bool better(const Hit& hit, const std::optional<Hit>& best) const;
     };
 
     // Calls visit(table, folded text) for each table that indexes the entry.
@@ -48,18 +62,11 @@ private:
     void add(std::size_t position, const Value& entry);
     void remove(std::size_t position, const Value& entry);
     const Table& tableFor(std::string_view key) const;
-    // The first position holding the folded text whose entry applies to the text; the hash is
-    // the folded text's rolling hash, which lets the table rule out most absent texts at once.
-    std::optional<std::size_t> firstApplying(const Array& list, const Table& table,
-                                             std::string_view folded, std::uint64_t hash,
-                                             std::string_view text, std::string_view key,
-                                             MatchRules rules) const;
-    std::optional<std::size_t> findStartsWith(const Array& list, const Table& table,
-                                              std::string_view text, std::string_view key,
-                                              MatchRules rules) const;
-    std::optional<std::size_t> findContained(const Array& list, const Table& table,
-                                             std::string_view text, std::string_view key,
-                                             MatchRules rules) const;
+    static std::optional<std::size_t> findStartsWith(const Lookup& lookup);
+    static std::optional<std::size_t> findContained(const Lookup& lookup);
+    // The best hit among the match texts that start at this byte of the folded text.
+    static void findFrom(const Lookup& lookup, std::string_view folded, std::size_t start,
+                         std::optional<Hit>& best);
 
     Table descriptions_;
     Table categories_;

@@ -69,6 +69,17 @@ std::optional<Dictionary> Instructions::instructionFor(std::string_view matchTex
     return at ? instructionAtIndex(*at) : std::nullopt;
 }
 
+// Where storing the match text goes: the walk from the front stops at an equal match text
+// (replace it) or at the first that sorts after it (insert there).
+Instructions::Slot Instructions::slotFor(const Array& instructions, std::string_view match) {
+    for (std::size_t at = 0; at < instructions.size(); ++at) {
+        int order = compareIgnoringCase(matchTextOfEntry(instructions[at]), match);
+        if (order >= 0)
+            return {at, order == 0};
+    }
+    return {instructions.size(), false};
+}
+
 std::size_t Instructions::setInstruction(const Dictionary& instruction) {
     const Array* stored = storedList(prefs_, prefkey::Instructions);
     if (!stored) {
@@ -78,23 +89,18 @@ std::size_t Instructions::setInstruction(const Dictionary& instruction) {
     }
     currentIndex(); // in step with the list before it changes
     Array instructions = *stored;
-    std::string match = matchTextOf(instruction);
-    std::size_t at = 0;
-    for (; at < instructions.size(); ++at) {
-        int order = compareIgnoringCase(matchTextOfEntry(instructions[at]), match);
-        if (order > 0)
-            break;
-        if (order == 0) {
-            Value old = std::exchange(instructions[at], Value(instruction));
-            write(std::move(instructions));
-            index_.replaced(at, old, Value(instruction));
-            return at;
-        }
+    Slot slot = slotFor(instructions, matchTextOf(instruction));
+    auto at = instructions.begin() + static_cast<std::ptrdiff_t>(slot.position);
+    if (!slot.replaces) {
+        instructions.insert(at, Value(instruction));
+        write(std::move(instructions));
+        index_.inserted(slot.position, Value(instruction));
+        return slot.position;
     }
-    instructions.insert(instructions.begin() + static_cast<std::ptrdiff_t>(at), Value(instruction));
+    Value old = std::exchange(*at, Value(instruction));
     write(std::move(instructions));
-    index_.inserted(at, Value(instruction));
-    return at;
+    index_.replaced(slot.position, old, Value(instruction));
+    return slot.position;
 }
 
 void Instructions::removeInstruction(const Dictionary& instruction) {

@@ -66,6 +66,12 @@ private:
         bool operator==(const Stamp&) const = default;
     };
 
+    struct Slot {
+        std::size_t position;
+        bool replaces;
+    };
+    static Slot slotFor(const Array& instructions, std::string_view match);
+
     const Array& list() const;
     Stamp currentStamp() const;
     const InstructionIndex& currentIndex() const;
