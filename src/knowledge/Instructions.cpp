@@ -5,6 +5,7 @@
 #include "knowledge/StoredList.h"
 #include "prefs/Settings.h"
 
+#include <map>
 #include <utility>
 
 namespace tavvel {
@@ -23,6 +24,24 @@ std::string_view matchTextOfEntry(const Value& entry) {
 }
 
 } // namespace
+
+Instructions::Instructions(TvPrefs& prefs)
+    : prefs_(prefs), shared_(sharedFor(prefs)), index_(shared_->index), stamp_(shared_->stamp) {}
+
+// The index of each preference store in use, shared by the store objects on it. A cache and
+// nothing more: it lives as long as some store object uses it, and the stamp tells a
+// preference store that was replaced at the same address.
+std::shared_ptr<Instructions::Shared> Instructions::sharedFor(const TvPrefs& prefs) {
+    static std::map<const TvPrefs*, std::weak_ptr<Shared>> inUse;
+    std::erase_if(inUse, [](const auto& entry) { return entry.second.expired(); });
+    std::weak_ptr<Shared>& slot = inUse[&prefs];
+    std::shared_ptr<Shared> shared = slot.lock();
+    if (!shared) {
+        shared = std::make_shared<Shared>();
+        slot = shared;
+    }
+    return shared;
+}
 
 const Array& Instructions::list() const {
     return listIn(prefs_, prefkey::Instructions);

@@ -4,9 +4,10 @@
 // match text, with no two match texts equal ignoring case. Every change is on disk when the
 // call returns.
 //
-// Lookups go through an index kept beside the list. Keep one store object for the life of
-// the preference store and make every change through it: a change made behind its back is
-// noticed when it alters the list's size or storage, and reload() rebuilds the index.
+// Lookups go through an index kept beside the list. Every store object on the same preference
+// store shares one index, so a change made through any of them is seen by all; a change made
+// behind their backs (a direct setObject) is noticed when it alters the list's size or
+// storage, and reload() rebuilds the index.
 
 #include "knowledge/InstructionIndex.h"
 #include "prefs/TvPrefs.h"
@@ -14,6 +15,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -22,7 +24,7 @@ namespace tavvel {
 
 class Instructions {
 public:
-    explicit Instructions(TvPrefs& prefs) : prefs_(prefs) {}
+    explicit Instructions(TvPrefs& prefs);
     Instructions(const Instructions&) = delete;
     Instructions& operator=(const Instructions&) = delete;
 
@@ -65,6 +67,11 @@ private:
         std::size_t size = 0;
         bool operator==(const Stamp&) const = default;
     };
+    struct Shared {
+        InstructionIndex index;
+        std::optional<Stamp> stamp;
+    };
+    static std::shared_ptr<Shared> sharedFor(const TvPrefs& prefs);
 
     struct Slot {
         std::size_t position;
@@ -78,8 +85,9 @@ private:
     void write(Array list);
 
     TvPrefs& prefs_;
-    mutable InstructionIndex index_;
-    mutable std::optional<Stamp> stamp_;
+    std::shared_ptr<Shared> shared_;
+    InstructionIndex& index_;
+    std::optional<Stamp>& stamp_;
 };
 
 } // namespace tavvel

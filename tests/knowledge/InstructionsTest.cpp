@@ -129,15 +129,22 @@ TEST_F(InstructionsTest, UnsortedStoredListKeepsListOrder) {
     EXPECT_EQ(store.setInstruction(byDescription("X")), 4u);
 }
 
-TEST_F(InstructionsTest, ChangesBehindTheStoresBackAreNoticed) {
+TEST_F(InstructionsTest, EveryStoreObjectSeesTheOthersChanges) {
     store.setInstruction(byDescription("AMAZON"));
+    store.setInstruction(byDescription("Target"));
     EXPECT_EQ(matching("Amazon"), "AMAZON");
+    // Replaced in place, the list keeping its size: only a shared index can know.
     Instructions other(prefs());
+    other.setInstruction(byCategory("amazon"));
+    EXPECT_EQ(matching("Amazon"), "(none)");
+    EXPECT_EQ(matching("Amazon", ikey::categoryMatch), "amazon");
     other.setInstruction(byDescription("AMAZON MKTP"));
-    other.setInstruction(byDescription("Target"));
     addOption(prefs(), option::longestInstructionMatch);
     EXPECT_EQ(matching("Amazon Mktp"), "AMAZON MKTP");
-    EXPECT_EQ(matching("Target 55"), "Target");
+    // A list replaced behind every store object's back, with another size, is noticed too.
+    prefs().setObject(prefkey::Instructions, Value(Array{Value(byDescription("Zappos"))}));
+    EXPECT_EQ(matching("Zappos shoes"), "Zappos");
+    EXPECT_EQ(matching("Target 55"), "(none)");
 }
 
 TEST_F(InstructionsTest, ChooserCompletesToTheShortestMatchText) {
