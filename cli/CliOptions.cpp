@@ -8,19 +8,79 @@
 
 namespace tavvel {
 
+namespace {
+
+constexpr const char* kFooter =
+    "Exit status: 0 when the output was written (or there was nothing to output), 1 when the "
+    "input was refused or nothing could be written, 2 for wrong usage.\n"
+    "Dates are written in the output date format (M/d/yyyy, or d/M/yyyy for day-first output "
+    "dates); a two-digit year is read as the run form reads it.";
+
+void addRunOptions(CLI::App& app, RunOptions& run) {
+    app.add_option("-o,--output", run.output,
+                   "Output file; - writes to standard output (default: the suggested name in "
+                   "the current folder)");
+    app.add_flag("--append", run.append, "Append to the output file instead of replacing it");
+    app.add_option("--account", run.account, "Account name for the run");
+    auto* all = app.add_flag_callback(
+        "--all", [&run] { run.range = RunOptions::Range::all; }, "All transactions (default)");
+    auto* last = app.add_flag_callback(
+        "--last-month", [&run] { run.range = RunOptions::Range::lastMonth; },
+        "Transactions of the previous calendar month");
+    auto* from = app.add_option("--from", run.dateFrom, "First day of the range (inclusive)");
+    auto* to =
+        app.add_option("--to", run.dateTo, "Last day of the range (inclusive; default today)");
+    to->needs(from);
+    all->excludes(last, from, to);
+    last->excludes(from, to);
+    app.add_option("--output-format", run.outputFormat, "Output format by name (default QIF)");
+    app.add_option("--qif-type", run.qifType,
+                   "QIF input type: Normal, Reverse Signs, Swap Description and Memo, Swap and "
+                   "Reverse Signs");
+    app.add_option("--ofx-type", run.ofxType, "OFX input type: Normal, Swap Description and Memo");
+    app.add_option("--same-date", run.sameDate, "Give every transaction this date");
+    app.add_option("--same-number", run.sameNumber, "Give every transaction this check number");
+}
+
+void addSettingOptions(CLI::App& app, CliOptions& options) {
+    auto change = [&options](bool on) {
+        return [&options, on](const std::string& text) { options.changes.push_back({on, text}); };
+    };
+    app.add_option_function<std::string>("--set", change(true),
+                                         "Switch an option on, or set KEY=VALUE (saved at once)")
+        ->trigger_on_parse()
+        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+    app.add_option_function<std::string>("--unset", change(false),
+                                         "Switch an option off (saved at once)")
+        ->trigger_on_parse()
+        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+    app.add_flag("--settings", options.printSettings, "Print every option and valued setting");
+}
+
+} // namespace
+
+bool RunOptions::setsForm() const {
+    return append || account || range || outputFormat || qifType || ofxType || sameDate ||
+           sameNumber;
+}
+
 CliParse parseCommandLine(const std::vector<std::string>& args) {
     CLI::App app("Converts bank, credit-card and investment statements into QIF.", "tavvel-cli");
+    app.footer(kFooter);
     CliOptions options;
     std::string file;
     app.set_version_flag("--version", std::string("tavvel-cli ") + kVersion);
     app.add_flag("--batch", options.batch,
-                 "Never ask: questions take their first button, nothing is read from the "
-                 "terminal");
+                 "Never ask: questions take their first button, error records are skipped, "
+                 "nothing is read from the terminal");
     app.add_flag("--show-preferences", options.showPreferences,
                  "Print the preference store after start-up");
+    addSettingOptions(app, options);
+    addRunOptions(app, options.run);
     app.add_option("file", file,
                    "Statement to convert (OFX, QFX, QIF or text), or an input format to import "
-                   "(.tvfm)");
+                   "(.tvfm)")
+        ->check(CLI::ExistingFile);
     std::vector<std::string> exportFormat;
     app.add_option("--export-format", exportFormat, "Save the input format NAME in FILE (.tvfm)")
         ->expected(2)
@@ -38,10 +98,12 @@ CliParse parseCommandLine(const std::vector<std::string>& args) {
         app.parse(reversed);
     } catch (const CLI::ParseError& e) {
         CliParse result;
-        result.exitCode = app.exit(e, out, err);
+        result.exitCode = app.exit(e, out, err) == 0 ? kExitOK : kExitUsage;
         result.output = out.str() + err.str();
         return result;
     }
+    if (options.run.dateFrom)
+        options.run.range = RunOptions::Range::dates;
     if (!file.empty())
         options.inputFile = file;
     if (exportFormat.size() == 2)

@@ -8,10 +8,38 @@
 
 namespace tavvel {
 
+// Exit statuses: a written file (or nothing to output), refused input, wrong usage.
+enum ExitStatus : int { kExitOK = 0, kExitRefused = 1, kExitUsage = 2 };
+
+// The run form's fields as the command line gives them; nothing: the plain default.
+struct RunOptions {
+    std::optional<std::string> output; // -o: a path, or "-" for standard output
+    bool append = false;
+    std::optional<std::string> account;
+    enum class Range { all, lastMonth, dates };
+    std::optional<Range> range;
+    std::optional<std::string> dateFrom, dateTo;
+    std::optional<std::string> outputFormat;
+    std::optional<std::string> qifType, ofxType;
+    std::optional<std::string> sameDate, sameNumber;
+
+    // Whether any field of the run form is given (beyond the output file).
+    bool setsForm() const;
+};
+
+// Settings changes in the order given: "NAME" switches an option, "KEY=VALUE" sets a value.
+struct SettingChange {
+    bool on = true; // --set (true) or --unset (false)
+    std::string text;
+};
+
 struct CliOptions {
     bool batch = false;
     bool showPreferences = false;
+    bool printSettings = false;
+    std::vector<SettingChange> changes;
     std::optional<std::string> inputFile;
+    RunOptions run;
     // --export-format NAME FILE
     std::optional<std::pair<std::string, std::string>> exportFormat;
     // --list instructions|descriptions|categories|accounts|securities|formats

@@ -2,6 +2,7 @@
 
 #include "ui/DisplayText.h"
 
+#include <filesystem>
 #include <string>
 
 namespace tavvel {
@@ -65,9 +66,12 @@ ErrorWarningAnswer TerminalDialogs::errorWarning(const std::string& message,
         out_ << "  " << (i + 1) << ") " << terminalText(choices[i]) << "\n";
     if (batch_) {
         out_ << "-> " << terminalText(buttonTitle) << "\n";
+        ++skippedErrors_;
         return {true, false};
     }
     std::size_t pick = readChoice(choices.size());
+    if (pick != 1)
+        ++skippedErrors_;
     return {pick != 1, pick == 2};
 }
 
@@ -122,7 +126,9 @@ std::optional<std::string> TerminalDialogs::chooseFileToOpen(const FileChoice& c
 std::optional<std::string> TerminalDialogs::chooseFileToSave(const FileChoice& choice) {
     if (outputPath_)
         return outputPath_;
-    return readPath("Save as", choice.suggestedName);
+    // The command line is where an output file is named; without one, the name a save panel
+    // would suggest, in the folder the command runs in.
+    return (std::filesystem::current_path() / choice.suggestedName).string();
 }
 
 std::optional<std::string> TerminalDialogs::chooseFileToAppendTo(const FileChoice& choice) {

@@ -17,7 +17,11 @@ public:
         : in_(in), out_(out), batch_(batch) {}
 
     // The file the command line named for the output (-o); file panels answer with it.
+    // Without one, a save panel answers with its suggested name in the current folder.
     void setOutputPath(std::optional<std::string> path) { outputPath_ = std::move(path); }
+
+    // How many error records were skipped (under --batch: every one, without asking).
+    std::size_t skippedErrors() const { return skippedErrors_; }
 
     void alert(const std::string& title, const std::string& text) override;
     std::size_t ask(const std::string& title, const std::string& text,
@@ -43,6 +47,7 @@ private:
     std::ostream& out_;
     bool batch_;
     std::optional<std::string> outputPath_;
+    std::size_t skippedErrors_ = 0;
 };
 
 // Text for the terminal: decoded for display, and "\r" (the program's line break) as "\n".

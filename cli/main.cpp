@@ -1,6 +1,9 @@
 // tavvel-cli: the conversion run in a terminal.
 
 #include "CliOptions.h"
+#include "RunCommand.h"
+#include "RunFormOptions.h"
+#include "SettingsCommand.h"
 #include "TerminalDialogs.h"
 #include "app/StartUp.h"
 #include "context/Context.h"
@@ -57,34 +60,49 @@ std::optional<int> knowledgeCommand(const CliOptions& options, Context& ctx,
     return std::nullopt;
 }
 
+// What the command line alone shows to be wrong, found before start-up changes anything.
+std::optional<std::string> usageProblem(const CliOptions& options) {
+    if (auto problem = checkSettingChanges(options.changes))
+        return *problem + "; nothing was changed";
+    return checkRunOptions(options);
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
     CliParse parse = parseCommandLine(std::vector<std::string>(argv, argv + argc));
     if (!parse.options) {
-        std::cout << parse.output;
+        (parse.exitCode == kExitOK ? std::cout : std::cerr) << parse.output;
         return parse.exitCode;
     }
     const CliOptions& options = *parse.options;
+    if (auto problem = usageProblem(options)) {
+        std::cerr << "tavvel-cli: " << *problem << ".\n";
+        return kExitUsage;
+    }
 
     auto configFile = Configuration::locateFor(executablePath(argv[0]));
     auto config = Configuration::load(configFile);
     if (!config) {
         std::cerr << "tavvel-cli: the configuration file " << configFile
                   << " is missing or damaged; reinstall Tavvel.\n";
-        return 1;
+        return kExitRefused;
     }
     Context ctx(std::move(*config), Clock::system(), Places::forCurrentUser());
-    TerminalDialogs dialogs(std::cin, std::cout, options.batch);
+    // Every form and message goes to standard error, so standard output carries only what
+    // was asked for (-o -, --settings, --show-preferences).
+    TerminalDialogs dialogs(std::cin, std::cerr, options.batch);
     awakeFromNib(ctx, dialogs);
 
+    if (int status = applySettingChanges(ctx, options.changes, std::cerr); status != kExitOK)
+        return status;
+    if (options.printSettings)
+        printSettings(ctx, std::cout);
     if (options.showPreferences)
         std::cout << terminalText(ctx.prefs.description()) << "\n";
     if (auto status = knowledgeCommand(options, ctx, dialogs))
         return *status;
-    if (options.inputFile) {
-        std::cerr << "tavvel-cli: converting statements is not available in this build yet.\n";
-        return 2;
-    }
-    return 0;
+    if (!options.inputFile)
+        return kExitOK;
+    return runConversion(ctx, dialogs, options, std::cout, std::cerr);
 }

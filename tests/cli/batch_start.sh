@@ -2,16 +2,9 @@
 # tavvel-cli --batch on an empty configuration folder, twice: the first run answers the
 # first-run questions with their first button and leaves every default; the second asks
 # nothing and leaves the file as it was.
-set -euo pipefail
-cli=$1
-tmp=$(mktemp -d)
-trap 'rm -rf "$tmp"' EXIT
-export XDG_CONFIG_HOME=$tmp/config HOME=$tmp/home
-mkdir -p "$HOME"
-prefs=$XDG_CONFIG_HOME/Tavvel/TavvelMain.prefs
-fail() { echo "FAIL: $*" >&2; exit 1; }
+source "$(dirname "$0")/lib/setup.bash" "$1"
 
-first=$("$cli" --batch </dev/null)
+first=$("$cli" --batch </dev/null 2>&1)
 for title in "Tavvel First Run" "Tavvel Primary Usage?" "Checking For Updates"; do
     grep -qF "== $title ==" <<<"$first" || fail "first run did not show '$title'"
 done
@@ -27,7 +20,7 @@ for name in dontAddCategories textConfirmAllTransactions converted2.2 accountsIn
 done
 cp "$prefs" "$tmp/after-first"
 
-second=$("$cli" --batch </dev/null)
+second=$("$cli" --batch </dev/null 2>&1)
 [ -z "$second" ] || fail "second run said: $second"
 cmp -s "$prefs" "$tmp/after-first" || fail "second run changed the preference file"
 ls "$XDG_CONFIG_HOME/Tavvel" | grep -q tmp && fail "temporary file left behind"

@@ -2,13 +2,7 @@
 # Input formats in and out of tavvel-cli as .tvfm files: opening one imports it (its own name
 # under --batch, a typed one at a terminal), --export-format writes one, --list shows the
 # store, and a file that holds no format is refused without touching the store.
-set -euo pipefail
-cli=$1
-tmp=$(mktemp -d)
-trap 'rm -rf "$tmp"' EXIT
-export XDG_CONFIG_HOME=$tmp/config HOME=$tmp/home
-mkdir -p "$HOME"
-fail() { echo "FAIL: $*" >&2; exit 1; }
+source "$(dirname "$0")/lib/setup.bash" "$1"
 
 "$cli" --batch </dev/null >/dev/null
 cat >"$tmp/visa.tvfm" <<'PLIST'
@@ -26,20 +20,20 @@ cat >"$tmp/visa.tvfm" <<'PLIST'
 </plist>
 PLIST
 
-out=$("$cli" --batch "$tmp/visa.tvfm" </dev/null)
+out=$("$cli" --batch "$tmp/visa.tvfm" </dev/null 2>&1)
 grep -qF "== Input Format Imported ==" <<<"$out" || fail "batch import not reported: $out"
 grep -qF "Input format \"Visa\" imported from file \"$tmp/visa.tvfm'." <<<"$out" ||
     fail "import text: $out"
 [ "$("$cli" --batch --list formats </dev/null)" = "Visa" ] || fail "Visa not listed"
 
-out=$(printf 'Visa Card\n' | "$cli" "$tmp/visa.tvfm")
+out=$(printf 'Visa Card\n' | "$cli" "$tmp/visa.tvfm" 2>&1)
 grep -qF "Input format \"Visa Card\" imported" <<<"$out" || fail "typed name not taken: $out"
-printf '.\n' | "$cli" "$tmp/visa.tvfm" | grep -qF "An input format with this name exists" ||
+printf '.\n' | "$cli" "$tmp/visa.tvfm" 2>&1 | grep -qF "An input format with this name exists" ||
     fail "duplicate name not noted"
 [ "$("$cli" --batch --list formats </dev/null)" = "$(printf 'Visa\nVisa Card')" ] ||
     fail "cancelled import changed the store"
 
-"$cli" --batch --export-format "visa card" "$tmp/out.tvfm" </dev/null |
+"$cli" --batch --export-format "visa card" "$tmp/out.tvfm" </dev/null 2>&1 |
     grep -qF "== Input Format Exported ==" || fail "export not reported"
 grep -qF "<string>Visa Card</string>" "$tmp/out.tvfm" || fail "exported file lacks the record"
 grep -qF "<string>VISA STATEMENT</string>" "$tmp/out.tvfm" || fail "exported record incomplete"
@@ -49,9 +43,8 @@ fi
 grep -qF "no input format named \"Amex\"" "$tmp/err" || fail "unknown format not named"
 
 echo "not a property list" >"$tmp/bad.tvfm"
-prefs=$XDG_CONFIG_HOME/Tavvel/TavvelMain.prefs
 cp "$prefs" "$tmp/before"
-if out=$("$cli" --batch "$tmp/bad.tvfm" </dev/null); then fail "bad file accepted"; fi
+if out=$("$cli" --batch "$tmp/bad.tvfm" </dev/null 2>&1); then fail "bad file accepted"; fi
 grep -qF "it is not a property list" <<<"$out" || fail "bad file reason: $out"
 cmp -s "$prefs" "$tmp/before" || fail "bad file changed the store"
 if "$cli" --list payees >/dev/null 2>&1; then fail "unknown list accepted"; fi

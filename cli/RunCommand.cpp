@@ -1,0 +1,121 @@
+// A conversion from the command line. Stages: refuse options that the option runAutomatically
+// would leave unused; point the file panels at -o; read and classify the statement; fill in
+// the run form (a command line that cannot apply leaves the store as it was); run; report
+// skipped error records; copy the output to standard output for "-o -"; save the store, so
+// the run's settings record lasts.
+
+#include "RunCommand.h"
+
+#include "RunFormOptions.h"
+#include "StandardOutputFile.h"
+#include "TerminalDialogs.h"
+#include "app/AppTexts.h"
+#include "app/Controller.h"
+#include "context/Context.h"
+#include "prefs/Settings.h"
+
+#include <filesystem>
+
+namespace tavvel {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+int statusFor(RunEnd end) {
+    return end == RunEnd::written || end == RunEnd::nothingOutput ? kExitOK : kExitRefused;
+}
+
+// The run that runAutomatically started during classification reports only through its
+// closing message.
+int statusOfAutomaticRun(const Controller& controller) {
+    return controller.lastTitle == text::finishedTitle ? kExitOK : kExitRefused;
+}
+
+bool runsAutomatically(const TvPrefs& prefs) {
+    return optionOn(prefs, option::runAutomatically) && !optionOn(prefs, option::append);
+}
+
+std::optional<Value> outputFileOf(const TvPrefs& prefs) {
+    const Value* settings = prefs.objectForKey(prefkey::ControlSettings);
+    const Value* path = settings ? find(settings->dictionary(), runkey::outputFilePath) : nullptr;
+    return path ? std::optional(*path) : std::nullopt;
+}
+
+// Standard output is no file that a later run could start from or append to: the folder
+// and file the output passed through are not remembered.
+void forgetPassingFile(TvPrefs& prefs, const TvPrefs& before, const fs::path& input) {
+    prefs.setObject(prefkey::LastRootDirectory, Value(input.parent_path().string()));
+    const Value* stored = prefs.objectForKey(prefkey::ControlSettings);
+    if (!stored)
+        return;
+    Dictionary settings = stored->dictionary();
+    if (auto previous = outputFileOf(before))
+        settings.insert_or_assign(std::string(runkey::outputFilePath), *previous);
+    else if (auto it = settings.find(runkey::outputFilePath); it != settings.end())
+        settings.erase(it);
+    prefs.setObject(prefkey::ControlSettings, Value(std::move(settings)));
+}
+
+// A command line that cannot apply to this statement leaves the store as it was: the
+// statement was only looked at.
+int refuseRun(Context& ctx, const TvPrefs& before, const RunProblem& problem, std::ostream& err) {
+    if (problem.status == kExitUsage) {
+        ctx.prefs = before;
+        ctx.prefs.synchronize();
+    }
+    err << "tavvel-cli: " << problem.message << ".\n";
+    return problem.status;
+}
+
+int process(Controller& controller, std::ostream& err) {
+    RunEnd end = controller.processTheTransactions(true);
+    if (end != RunEnd::cancelled)
+        return statusFor(end);
+    err << "tavvel-cli: no output file was chosen, so nothing was written; name one with -o.\n";
+    return kExitUsage;
+}
+
+} // namespace
+
+int runConversion(Context& ctx, TerminalDialogs& dialogs, const CliOptions& options,
+                  std::ostream& out, std::ostream& err) {
+    const RunOptions& run = options.run;
+    if (runsAutomatically(ctx.prefs) && run.setsForm()) {
+        err << "tavvel-cli: the option runAutomatically is on, so the run starts with the last "
+               "run's settings as soon as the statement is read, and the run options cannot "
+               "apply; leave them out, or switch the option off with --unset runAutomatically.\n";
+        return kExitUsage;
+    }
+    std::optional<StandardOutputFile> toStandardOutput;
+    if (run.output == "-")
+        dialogs.setOutputPath(toStandardOutput.emplace().path().string());
+    else if (run.output)
+        dialogs.setOutputPath(fs::absolute(*run.output).string());
+    fs::path input = fs::absolute(*options.inputFile);
+    TvPrefs before = ctx.prefs;
+    Controller controller(ctx, dialogs);
+    Intake intake = controller.actuallyProcessFile(input.string());
+    if (intake == Intake::refused || intake == Intake::imported)
+        return intake == Intake::refused ? kExitRefused : kExitOK;
+    int status = kExitOK;
+    if (intake == Intake::ranAtOnce) {
+        status = statusOfAutomaticRun(controller);
+    } else if (auto problem = fillRunForm(controller, run, ctx.output, err)) {
+        return refuseRun(ctx, before, *problem, err);
+    } else {
+        status = process(controller, err);
+    }
+    if (dialogs.skippedErrors() > 0)
+        err << "tavvel-cli: " << dialogs.skippedErrors() << " error record"
+            << (dialogs.skippedErrors() == 1 ? "" : "s") << " skipped.\n";
+    if (toStandardOutput) {
+        forgetPassingFile(ctx.prefs, before, input);
+        if (status == kExitOK && !toStandardOutput->copyTo(out))
+            status = kExitRefused;
+    }
+    ctx.prefs.synchronize();
+    return status;
+}
+
+} // namespace tavvel

@@ -1,0 +1,234 @@
+// The run form from the command line. Order matters as it does in the form: the output
+// format first (it decides the account and append part), then the range, the input type, the
+// fixed date and number, the account and the append switch; last, whether the process
+// button would be enabled.
+
+#include "RunFormOptions.h"
+
+#include "DateOption.h"
+#include "app/Controller.h"
+#include "bank/QifInputTypes.h"
+#include "prefs/OutputFormatting.h"
+
+#include <algorithm>
+#include <cctype>
+#include <filesystem>
+
+namespace tavvel {
+
+namespace {
+
+bool sameIgnoringCase(std::string_view a, std::string_view b) {
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](unsigned char x, unsigned char y) {
+        return std::tolower(x) == std::tolower(y);
+    });
+}
+
+template <typename Names> std::string joined(const Names& names) {
+    std::string out;
+    for (const auto& name : names)
+        out += (out.empty() ? "" : ", ") + std::string(name);
+    return out.empty() ? "(none)" : out;
+}
+
+RunProblem usage(std::string message) {
+    return {kExitUsage, std::move(message)};
+}
+
+std::vector<std::string_view> qifTypeNames() {
+    std::vector<std::string_view> names;
+    for (const QifInputType& type : kQifInputTypes)
+        names.push_back(type.title);
+    return names;
+}
+
+std::optional<int> indexIn(const std::vector<std::string_view>& names, std::string_view name) {
+    for (std::size_t i = 0; i < names.size(); ++i)
+        if (sameIgnoringCase(names[i], name))
+            return static_cast<int>(i);
+    return std::nullopt;
+}
+
+std::optional<std::string> oneLineProblem(std::string_view option, std::string_view text) {
+    bool control = std::any_of(text.begin(), text.end(),
+                               [](unsigned char c) { return c < 0x20 || c == 0x7f; });
+    if (text.empty() || control)
+        return std::string(option) + " needs one line of text";
+    return std::nullopt;
+}
+
+std::optional<std::string> dateShapeProblem(std::string_view option,
+                                            const std::optional<std::string>& text) {
+    if (!text || looksLikeDate(*text))
+        return std::nullopt;
+    return std::string(option) + ": \"" + *text +
+           "\" is not a date; write it as month/day/year (day/month/year for day-first output "
+           "dates)";
+}
+
+} // namespace
+
+std::optional<int> qifTypeIndex(std::string_view name) {
+    return indexIn(qifTypeNames(), name);
+}
+
+std::optional<int> ofxTypeIndex(std::string_view name) {
+    std::vector<std::string_view> names(std::begin(kQfxInputTypes), std::end(kQfxInputTypes));
+    return indexIn(names, name);
+}
+
+std::optional<std::string> checkRunOptions(const CliOptions& options) {
+    const RunOptions& run = options.run;
+    if ((run.setsForm() || run.output) && !options.inputFile)
+        return "the run options need a statement FILE to convert";
+    if (run.qifType && !qifTypeIndex(*run.qifType))
+        return "--qif-type: \"" + *run.qifType + "\" is not one of " + joined(qifTypeNames());
+    if (run.ofxType && !ofxTypeIndex(*run.ofxType))
+        return "--ofx-type: \"" + *run.ofxType + "\" is not one of " + joined(kQfxInputTypes);
+    if (run.output && run.output->empty())
+        return "-o needs a file name, or - for standard output";
+    if (run.append && run.output == "-")
+        return "--append needs an output file; standard output cannot be appended to";
+    for (auto [option, text] : {std::pair{"--from", run.dateFrom}, std::pair{"--to", run.dateTo},
+                                std::pair{"--same-date", run.sameDate}})
+        if (auto problem = dateShapeProblem(option, text))
+            return problem;
+    if (run.sameNumber)
+        return oneLineProblem("--same-number", *run.sameNumber);
+    return std::nullopt;
+}
+
+namespace {
+
+std::optional<RunProblem> setOutputFormat(RunForm& form, const RunOptions& run) {
+    std::string name = run.outputFormat.value_or("QIF");
+    const auto& choices = form.outputFormatChoices;
+    if (std::find(choices.begin(), choices.end(), name) == choices.end())
+        return usage("--output-format: there is no output format called \"" + name +
+                     "\" for this statement; the choices are " + joined(choices));
+    form.chooseOutputFormat(name);
+    return std::nullopt;
+}
+
+std::string datePatternOf(const OutputFormatting& output) {
+    return output.datePrefix == "d/M" ? "day/month/year" : "month/day/year";
+}
+
+std::optional<RunProblem> setRange(RunForm& form, const RunOptions& run,
+                                   const OutputFormatting& output) {
+    using Range = RunOptions::Range;
+    Range range = run.range.value_or(Range::all);
+    if (range != Range::dates) {
+        form.chooseRange(range == Range::all ? 0 : 1);
+        return std::nullopt;
+    }
+    for (auto [option, text] : {std::pair{"--from", run.dateFrom}, std::pair{"--to", run.dateTo}})
+        if (text && !readDateOption(*text, output))
+            return usage(std::string(option) + ": \"" + *text + "\" is not a day written " +
+                         datePatternOf(output));
+    form.chooseRange(2);
+    form.setDateFrom(*run.dateFrom);
+    form.setDateTo(run.dateTo.value_or("")); // an empty range field is today
+    if (!form.dateRangeOK)
+        return usage("the range " + form.dateFrom + " to " + form.dateTo +
+                     " ends before it starts");
+    return std::nullopt;
+}
+
+std::optional<RunProblem> setInputType(Controller& controller, const RunOptions& run) {
+    RunForm& form = controller.form();
+    const std::string& kind = controller.controlHelpAnchor; // "QIF", "QFX" or "Text"
+    if (run.qifType && kind != "QIF")
+        return usage("--qif-type applies to QIF input only");
+    if (run.ofxType && kind != "QFX")
+        return usage("--ofx-type applies to OFX and QFX input only");
+    if (kind == "QIF")
+        form.chooseQifType(run.qifType ? *qifTypeIndex(*run.qifType) : 0);
+    if (kind == "QFX")
+        form.chooseQfxType(run.ofxType ? *ofxTypeIndex(*run.ofxType) : 0);
+    return std::nullopt;
+}
+
+std::optional<RunProblem> setSameDateAndNumber(RunForm& form, const RunOptions& run,
+                                               const OutputFormatting& output) {
+    form.setSameDate(run.sameDate.has_value());
+    form.setSameNumber(run.sameNumber.has_value());
+    if (run.sameNumber)
+        form.setOutputNumber(*run.sameNumber);
+    if (!run.sameDate)
+        return std::nullopt;
+    auto date = readDateOption(*run.sameDate, output);
+    if (!date)
+        return usage("--same-date: \"" + *run.sameDate + "\" is not a day written " +
+                     datePatternOf(output));
+    form.setOutputDate(*date);
+    return std::nullopt;
+}
+
+std::optional<RunProblem> setAccount(RunForm& form, const RunOptions& run, std::ostream& err) {
+    if (!run.account)
+        return std::nullopt;
+    if (!form.accountBoxVisible) {
+        err << "tavvel-cli: --account has no use here: this output names no account.\n";
+        return std::nullopt;
+    }
+    const auto& choices = form.accountChoices;
+    bool known = std::find(choices.begin(), choices.end(), *run.account) != choices.end();
+    if (!form.allowAnyAccountName && !known)
+        return usage("--account: there is no " + form.accountType + " account called \"" +
+                     *run.account + "\"; the accounts are " + joined(choices));
+    form.setAccountText(*run.account);
+    return std::nullopt;
+}
+
+std::optional<RunProblem> setAppend(RunForm& form, const RunOptions& run) {
+    if (!run.append || form.appendSwitchVisible) {
+        form.setAppendSwitch(run.append);
+        return std::nullopt;
+    }
+    std::error_code ec;
+    if (run.output && !std::filesystem::exists(*run.output, ec))
+        return std::nullopt; // nothing to append to yet: a new file
+    return usage("--append: QIF output is appended only to a file that begins with "
+                 "\"!Account\", while the option append is on (--set append) and an account is "
+                 "known");
+}
+
+std::optional<RunProblem> checkReady(const RunForm& form) {
+    if (form.processEnabled())
+        return std::nullopt;
+    if (form.textInput)
+        return RunProblem{kExitRefused, "no stored input format fits this text, so it cannot "
+                                        "be read"};
+    if (form.accountChoices.empty())
+        return RunProblem{kExitRefused,
+                          "the option append needs an account of this kind, and none is known; "
+                          "import the accounts from a QIF export first"};
+    return usage("choose the account with --account; the accounts are " +
+                 joined(form.accountChoices));
+}
+
+} // namespace
+
+std::optional<RunProblem> fillRunForm(Controller& controller, const RunOptions& run,
+                                      const OutputFormatting& output, std::ostream& err) {
+    RunForm& form = controller.form();
+    // Appending continues the file named on the command line, not the last run's file.
+    if (run.append && run.output)
+        form.previousOutputFile = std::filesystem::absolute(*run.output).string();
+    if (auto problem = setOutputFormat(form, run))
+        return problem;
+    if (auto problem = setRange(form, run, output))
+        return problem;
+    if (auto problem = setInputType(controller, run))
+        return problem;
+    if (auto problem = setSameDateAndNumber(form, run, output))
+        return problem;
+    if (auto problem = setAccount(form, run, err))
+        return problem;
+    if (auto problem = setAppend(form, run))
+        return problem;
+    return checkReady(form);
+}
+
+} // namespace tavvel
