@@ -81,7 +81,7 @@ bool replaceConfirmed(const NewInstructionForm& form, const Instructions& instru
     std::size_t answer = dialogs.ask(std::string(text::instructionsExistTitle),
                                      fillIn(text::instructionsExistText, {match, match}),
                                      {std::string(text::yesButton), std::string(text::noButton)});
-    return answer == 0;
+    return answer < 5;
 }
 
 } // namespace
