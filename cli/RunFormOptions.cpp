@@ -165,18 +165,32 @@ std::optional<RunProblem> setSameDateAndNumber(RunForm& form, const RunOptions& 
     return std::nullopt;
 }
 
+bool offers(const RunForm& form, const std::string& name) {
+    const auto& choices = form.accountChoices;
+    return std::find(choices.begin(), choices.end(), name) != choices.end();
+}
+
+// The account box takes only known names; the one the statement named may be none of them
+// (an account number), and a QIF account block must not name an unknown account.
+std::optional<RunProblem> checkNamedAccount(const RunForm& form) {
+    if (!form.accountBoxVisible || form.allowAnyAccountName || form.accountText.empty() ||
+        offers(form, form.accountText))
+        return std::nullopt;
+    return usage("the statement names the account \"" + form.accountText +
+                 "\", which is not a known " + form.accountType +
+                 " account; choose one with --account: " + joined(form.accountChoices));
+}
+
 std::optional<RunProblem> setAccount(RunForm& form, const RunOptions& run, std::ostream& err) {
     if (!run.account)
-        return std::nullopt;
+        return checkNamedAccount(form);
     if (!form.accountBoxVisible) {
         err << "tavvel-cli: --account has no use here: this output names no account.\n";
         return std::nullopt;
     }
-    const auto& choices = form.accountChoices;
-    bool known = std::find(choices.begin(), choices.end(), *run.account) != choices.end();
-    if (!form.allowAnyAccountName && !known)
+    if (!form.allowAnyAccountName && !offers(form, *run.account))
         return usage("--account: there is no " + form.accountType + " account called \"" +
-                     *run.account + "\"; the accounts are " + joined(choices));
+                     *run.account + "\"; the accounts are " + joined(form.accountChoices));
     form.setAccountText(*run.account);
     return std::nullopt;
 }

@@ -2,8 +2,14 @@
 # The command line itself: version, help, a refused option, and typed answers at a terminal.
 source "$(dirname "$0")/lib/setup.bash" "$1"
 
-"$cli" --version | grep -qE '^tavvel-cli [0-9]+\.[0-9]+\.[0-9]+$' || fail "--version"
-"$cli" --help | grep -qF -- "--batch" || fail "--help does not list --batch"
+run 0 --version
+grep -qE '^tavvel-cli [0-9]+\.[0-9]+\.[0-9]+$' "$tmp/out" || fail "--version"
+run 0 --help
+for option in --batch --output --append --account --all --last-month --from --to \
+    --output-format --qif-type --ofx-type --same-date --same-number --set --unset --settings; do
+    grep -qF -- "$option" "$tmp/out" || fail "--help does not list $option"
+done
+[ ! -s "$tmp/err" ] || fail "--help wrote to standard error"
 run 2 --no-such-option
 said "no-such-option"
 [ ! -s "$tmp/out" ] || fail "a usage error was printed on standard output"

@@ -28,13 +28,13 @@ grep -qF "Input format \"Visa\" imported from file \"$tmp/visa.tvfm'." <<<"$out"
 
 out=$(printf 'Visa Card\n' | "$cli" "$tmp/visa.tvfm" 2>&1)
 grep -qF "Input format \"Visa Card\" imported" <<<"$out" || fail "typed name not taken: $out"
-printf '.\n' | "$cli" "$tmp/visa.tvfm" 2>&1 | grep -qF "An input format with this name exists" ||
-    fail "duplicate name not noted"
+out=$(printf '.\n' | "$cli" "$tmp/visa.tvfm" 2>&1)
+grep -qF "An input format with this name exists" <<<"$out" || fail "duplicate name not noted"
 [ "$("$cli" --batch --list formats </dev/null)" = "$(printf 'Visa\nVisa Card')" ] ||
     fail "cancelled import changed the store"
 
-"$cli" --batch --export-format "visa card" "$tmp/out.tvfm" </dev/null 2>&1 |
-    grep -qF "== Input Format Exported ==" || fail "export not reported"
+out=$("$cli" --batch --export-format "visa card" "$tmp/out.tvfm" </dev/null 2>&1)
+grep -qF "== Input Format Exported ==" <<<"$out" || fail "export not reported"
 grep -qF "<string>Visa Card</string>" "$tmp/out.tvfm" || fail "exported file lacks the record"
 grep -qF "<string>VISA STATEMENT</string>" "$tmp/out.tvfm" || fail "exported record incomplete"
 if "$cli" --batch --export-format Amex "$tmp/amex.tvfm" </dev/null 2>"$tmp/err"; then

@@ -1,0 +1,42 @@
+#!/usr/bin/env bash
+# With the option append, QIF output opens with an account block for the chosen account, and
+# --append keeps the file's earlier text in front; without --append the file is replaced. The
+# account must be a known one of the statement's kind. The option runAutomatically runs with
+# the last run's settings, so run options are refused while it is on.
+source "$(dirname "$0")/lib/setup.bash" "$1"
+first_start
+
+printf '%s\n' '!Option:AutoSwitch' '!Account' 'NChecking' 'TBank' '^' 'NEveryday' 'TBank' '^' \
+    'NVisa' 'TCCard' '^' '!Clear:AutoSwitch' >"$tmp/accounts.qif"
+run 1 --batch "$tmp/accounts.qif"
+said "contains a list of ACCOUNTS." "-> YES" "== No Transactions =="
+printf 'OFXHEADER:100\n\n<OFX><BANKMSGSRSV1><ACCTID>000123\n<STMTTRN><DTPOSTED>20240131<TRNAMT>-12.00<NAME>SHOP</STMTTRN>\n<STMTTRN><DTPOSTED>20240201<TRNAMT>100.00<NAME>PAY</STMTTRN>\n</BANKMSGSRSV1></OFX>\n' \
+    >"$tmp/bank.ofx"
+run 0 --set append
+
+run 2 --batch -o "$tmp/out.qif" "$tmp/bank.ofx"
+said 'the statement names the account "000123", which is not a known Bank account; choose one with --account: Checking, Everyday'
+run 2 --batch -o "$tmp/out.qif" --account Visa "$tmp/bank.ofx"
+said '--account: there is no Bank account called "Visa"; the accounts are Checking, Everyday'
+[ ! -e "$tmp/out.qif" ] || fail "a refused account wrote a file"
+
+block=$'!Account\nNChecking\nTBank\n^\n!Type:Bank\n'
+first=$'D1/31/2024\nPSHOP\nT-12.00\n^\n'
+second=$'D2/1/2024\nPPAY\nT100.00\n^\n'
+run 0 --batch -o "$tmp/out.qif" --account Checking --to 1/31/2024 --from 1/1/2024 "$tmp/bank.ofx"
+same "$tmp/out.qif" "$block$first"
+run 0 --batch -o "$tmp/out.qif" --account Checking --append --from 2/1/2024 --to 2/1/2024 \
+    "$tmp/bank.ofx"
+same "$tmp/out.qif" "$block$first$block$second"
+run 0 --batch -o "$tmp/out.qif" --account Checking --from 2/1/2024 --to 2/1/2024 "$tmp/bank.ofx"
+same "$tmp/out.qif" "$block$second"
+run 0 --batch -o "$tmp/new.qif" --account Checking --append --all "$tmp/bank.ofx"
+same "$tmp/new.qif" "$block$first$second"
+
+run 0 --unset append --set runAutomatically
+run 2 --batch -o "$tmp/auto.qif" --from 1/1/2024 "$tmp/bank.ofx"
+said "the option runAutomatically is on" "--unset runAutomatically"
+[ ! -e "$tmp/auto.qif" ] || fail "a refused automatic run wrote a file"
+run 0 --batch -o "$tmp/auto.qif" "$tmp/bank.ofx"
+same "$tmp/auto.qif" $'!Type:Bank\n'"$first$second"
+echo "append: ok"
