@@ -49,6 +49,11 @@ public:
     // error records in their place. Both range ends are inclusive.
     void fromOFX(std::string_view text, Date fromDate, Date toDate);
 
+    // fromFormattedText:usingFormat:fromDate:toDate: — false when the format finds no
+    // transaction or the user declines to skip one it cannot read.
+    bool fromFormattedText(std::string_view text, const Dictionary& format, Date fromDate,
+                           Date toDate, ErrorWarning& warning);
+
     // addField:ofxLabel:fromOFXTransaction:toQIFTransaction: — stores the tag's value under
     // the key; false (record unchanged) when the tag is not in the piece.
     static bool addField(std::string_view key, std::string_view ofxLabel,
