@@ -9,6 +9,7 @@
 #include "app/RunSettings.h"
 #include "bank/QifInputTypes.h"
 #include "context/Context.h"
+#include "formats/ExtractKeys.h"
 #include "formats/OutputFormatKeys.h"
 #include "knowledge/Accounts.h"
 #include "knowledge/Formats.h"
@@ -16,6 +17,7 @@
 #include "prefs/Settings.h"
 #include "recognize/CalendarDate.h"
 #include "recognize/FindDate.h"
+#include "recognize/InputFormatKeys.h"
 #include "ui/Dialogs.h"
 
 #include <filesystem>
@@ -46,6 +48,12 @@ ClearedOptions clearedOptionsFor(int gType) {
 
 bool startsWith(std::string_view text, std::string_view prefix) {
     return text.substr(0, prefix.size()) == prefix;
+}
+
+// Formats whose dates stand just after a line end read the copy that begins with one, so that
+// a date on the first line has its line end too.
+std::string textForFormat(const std::string& text, const Dictionary& format) {
+    return textOf(format, fmtkey::DateStart) == "\n" ? "\n" + text : text;
 }
 
 // A suggested file name never holds "/": dates in it are written with "-".
@@ -187,9 +195,18 @@ void Controller::recordRunSettings(std::optional<Date> from, std::optional<Date>
 bool Controller::readTransactions(Date from, Date to) {
     reader_.qifInputTypeTag = doingExtract ? 0 : qifInputTypeTag(form_.qifType);
     if (doingExtract) {
-        // Reading text through an input format comes with the input-format engine.
-        statusAlert(text::invalidFormatTitle, text::invalidFormat, source);
-        return false;
+        std::optional<Dictionary> format = Formats(ctx_.prefs).formatForName(form_.inputFormatName);
+        if (!format) {
+            doneWithFile();
+            return false;
+        }
+        // Investment text is not read yet: it is refused as a format that does not fit.
+        bool read = textOf(*format, fmtkey::FormatType) != fmtkey::Investment &&
+                    reader_.fromFormattedText(textForFormat(fileAsString, *format), *format, from,
+                                              to, warning_);
+        if (!read)
+            statusAlert(text::invalidFormatTitle, text::invalidFormat, source);
+        return read;
     }
     if (fileAsString.find("OFXHEADER") != std::string::npos) {
         if (ctx_.gType == kTypeInvestment) {
@@ -226,8 +243,13 @@ RunEnd Controller::actuallyProcessTheTransactions() {
     DateRange all{kDistantPast, kDistantFuture};
     if (!readTransactions(range.value_or(all).from, range.value_or(all).to))
         return RunEnd::stopped;
+    // The walk's error warnings can be silenced for the input format the text was read with.
+    std::optional<Dictionary> inputFormat =
+        doingExtract ? Formats(ctx_.prefs).formatForName(form_.inputFormatName) : std::nullopt;
+    WalkOptions options = walkOptions();
+    options.inputFormat = inputFormat ? &*inputFormat : nullptr;
     WalkResult result = reader_.processInstructionsAndAppendToString(
-        outputFileAsString, writer_, warning_, dialogs_, instructions_, walkOptions());
+        outputFileAsString, writer_, warning_, dialogs_, instructions_, options);
     return processInstructionsDidEnd(result);
 }
 

@@ -1,0 +1,94 @@
+// Cutting a statement into transactions. A transaction runs from one date to the next, or is
+// one line when the format says so; the text before the first transaction is left out unless
+// the format says the text starts with one.
+
+#include "formats/Extract.h"
+
+#include "context/Context.h"
+#include "formats/ExtractKeys.h"
+#include "recognize/FindDate.h"
+#include "recognize/WordMonthTable.h"
+
+namespace tavvel {
+
+Extract::Extract(Context& ctx) : ctx_(ctx) {}
+
+void Extract::splitTextIntoLines(std::string_view text, const Dictionary& format) {
+    text_.assign(text);
+    transactionsAsLines.clear();
+    const WordMonthDates tables(ctx_.config);
+    std::optional<std::size_t> first = findDate(text_, dateLength, format, tables, ctx_.blanks);
+    if (!first)
+        return;
+    const bool fromStart = has(format, fmtkey::firstLineStartsWithTransactionDate);
+    if (!has(format, fmtkey::OneTransactionPerLine)) {
+        cutAtDates(fromStart ? 0 : *first, format, tables);
+        return;
+    }
+    if (fromStart) {
+        cutAtLineEnds(0);
+        return;
+    }
+    const std::size_t lineEnd =
+        *first == 0 ? std::string::npos : text_.find_last_of("\n\r", *first - 1);
+    cutAtLineEnds(lineEnd == std::string::npos ? 0 : lineEnd + 1);
+}
+
+// Each search starts one date length after the current transaction's start, so the date that
+// opens it is never found again: its start character lies before the search. The character
+// before each later date (the format's DateStart) belongs to neither transaction.
+void Extract::cutAtDates(std::size_t begin, const Dictionary& format,
+                         const WordMonthDates& tables) {
+    const std::string_view text = text_;
+    std::size_t start = begin;
+    std::int64_t length = 0;
+    for (std::size_t previousFrom = std::string::npos;;) {
+        const std::size_t from = std::min(start + static_cast<std::size_t>(length), text.size());
+        if (from == previousFrom)
+            break; // a date of no length at the same place: nothing further can be found
+        previousFrom = from;
+        std::optional<std::size_t> found =
+            findDate(text.substr(from), length, format, tables, ctx_.blanks);
+        if (!found || from + *found >= text.size())
+            break;
+        const std::size_t date = from + *found;
+        const std::size_t cut = date > start ? date - 1 : start;
+        transactionsAsLines.push_back(text.substr(start, cut - start));
+        start = date;
+        dateLength = length;
+    }
+    transactionsAsLines.push_back(text.substr(start));
+}
+
+// Every line feed and every carriage return ends a line, so CR LF leaves an empty transaction
+// between two lines; the reading run passes over it.
+void Extract::cutAtLineEnds(std::size_t begin) {
+    const std::string_view text = text_;
+    std::size_t start = begin;
+    for (std::size_t end = text.find_first_of("\n\r", start); end != std::string_view::npos;
+         end = text.find_first_of("\n\r", start)) {
+        transactionsAsLines.push_back(text.substr(start, end - start));
+        start = end + 1;
+    }
+    if (start < text.size())
+        transactionsAsLines.push_back(text.substr(start));
+}
+
+bool Extract::parseTransactionsForCString(std::string_view text, const Dictionary& format) {
+    splitTextIntoLines(text, format);
+    if (transactionsAsLines.empty())
+        return false;
+    transactionIndex = -1;
+    outputLength = {};
+    outputLength.reserve(transactionsAsLines.size());
+    return true;
+}
+
+std::string_view Extract::currentTransactionText() const {
+    if (transactionIndex < 0 ||
+        static_cast<std::size_t>(transactionIndex) >= transactionsAsLines.size())
+        return {};
+    return transactionsAsLines[static_cast<std::size_t>(transactionIndex)];
+}
+
+} // namespace tavvel
