@@ -76,39 +76,50 @@ int process(Controller& controller, std::ostream& err) {
     return kExitUsage;
 }
 
+int refuseAutomaticRun(std::ostream& err) {
+    err << "tavvel-cli: the option runAutomatically is on, so the run starts with the last run's "
+           "settings as soon as the statement is read, and the run options cannot apply; leave "
+           "them out, or switch the option off with --unset runAutomatically.\n";
+    return kExitUsage;
+}
+
+// The file panels answer with the file -o names, or with a private file for standard output.
+void pointFilePanels(TerminalDialogs& dialogs, const RunOptions& run,
+                     std::optional<StandardOutputFile>& toStandardOutput) {
+    if (run.output == "-")
+        dialogs.setOutputPath(toStandardOutput.emplace().path().string());
+    else if (run.output)
+        dialogs.setOutputPath(fs::absolute(*run.output).string());
+}
+
+void reportSkipped(const TerminalDialogs& dialogs, std::ostream& err) {
+    std::size_t skipped = dialogs.skippedErrors();
+    if (skipped > 0)
+        err << "tavvel-cli: " << skipped << " error record" << (skipped == 1 ? "" : "s")
+            << " skipped.\n";
+}
+
 } // namespace
 
 int runConversion(Context& ctx, TerminalDialogs& dialogs, const CliOptions& options,
                   std::ostream& out, std::ostream& err) {
     const RunOptions& run = options.run;
-    if (runsAutomatically(ctx.prefs) && run.setsForm()) {
-        err << "tavvel-cli: the option runAutomatically is on, so the run starts with the last "
-               "run's settings as soon as the statement is read, and the run options cannot "
-               "apply; leave them out, or switch the option off with --unset runAutomatically.\n";
-        return kExitUsage;
-    }
+    if (runsAutomatically(ctx.prefs) && run.setsForm())
+        return refuseAutomaticRun(err);
     std::optional<StandardOutputFile> toStandardOutput;
-    if (run.output == "-")
-        dialogs.setOutputPath(toStandardOutput.emplace().path().string());
-    else if (run.output)
-        dialogs.setOutputPath(fs::absolute(*run.output).string());
+    pointFilePanels(dialogs, run, toStandardOutput);
     fs::path input = fs::absolute(*options.inputFile);
     TvPrefs before = ctx.prefs;
     Controller controller(ctx, dialogs);
     Intake intake = controller.actuallyProcessFile(input.string());
     if (intake == Intake::refused || intake == Intake::imported)
         return intake == Intake::refused ? kExitRefused : kExitOK;
-    int status = kExitOK;
-    if (intake == Intake::ranAtOnce) {
-        status = statusOfAutomaticRun(controller);
-    } else if (auto problem = fillRunForm(controller, run, ctx.output, err)) {
-        return refuseRun(ctx, before, *problem, err);
-    } else {
-        status = process(controller, err);
-    }
-    if (dialogs.skippedErrors() > 0)
-        err << "tavvel-cli: " << dialogs.skippedErrors() << " error record"
-            << (dialogs.skippedErrors() == 1 ? "" : "s") << " skipped.\n";
+    if (intake == Intake::formReady)
+        if (auto problem = fillRunForm(controller, run, ctx.output, err))
+            return refuseRun(ctx, before, *problem, err);
+    int status =
+        intake == Intake::ranAtOnce ? statusOfAutomaticRun(controller) : process(controller, err);
+    reportSkipped(dialogs, err);
     if (toStandardOutput) {
         forgetPassingFile(ctx.prefs, before, input);
         if (status == kExitOK && !toStandardOutput->copyTo(out))
