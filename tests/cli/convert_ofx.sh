@@ -1,8 +1,9 @@
 #!/usr/bin/env bash
 # OFX statements through tavvel-cli --batch: the output file byte for byte, standard output
 # with -o -, the suggested name without -o, inclusive range ends, a fixed date and number,
-# the swap input type, error records skipped and counted, a file that cannot be written, a
-# card statement in XML form, and a run with nothing to output.
+# the swap input type, error records skipped and counted (or a run stopped at one at a
+# terminal), a file that cannot be written, a card statement in XML form, and a run with
+# nothing to output.
 source "$(dirname "$0")/lib/setup.bash" "$1"
 first_start
 
@@ -33,6 +34,12 @@ TMPDIR=$tmp/scratch run 0 --batch -o - "$tmp/bank.ofx"
 cmp -s "$tmp/out" "$tmp/all.qif" || fail "-o - printed other bytes than the file holds"
 [ -z "$(ls -A "$tmp/scratch")" ] || fail "-o - left files behind: $(ls -A "$tmp/scratch")"
 grep -qF "<string>$tmp/scratch" "$prefs" && fail "-o - remembered its passing folder"
+
+# At a terminal the error record is a question: Cancel ends the run with what came before.
+printf '2\n' | "$cli" -o "$tmp/stopped.qif" "$tmp/bank.ofx" >"$tmp/out" 2>"$tmp/err"
+said "  2) Cancel" "Choose 1-2 [1]: " '3 transactions output to file "stopped.qif".'
+same "$tmp/stopped.qif" "${all%%D2/2/2024*}"
+grep -qF "skipped" "$tmp/err" && fail "a cancelled error record was counted as skipped"
 
 run 1 --batch -o "$tmp/no-such-folder/out.qif" "$tmp/bank.ofx"
 said "== Output File Not Written ==" "out.qif could not be written, so nothing was saved."
