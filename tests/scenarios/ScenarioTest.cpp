@@ -2,6 +2,7 @@
 // answers, and the expected output file and closing message.
 
 #include "app/Controller.h"
+#include "knowledge/Formats.h"
 #include "prefs/Files.h"
 #include "prefs/PropertyList.h"
 #include "prefs/Settings.h"
@@ -94,9 +95,10 @@ public:
 
 private:
     void applyPrefs(const std::string& body);
-    void addLayout(const std::string& spec);
-    void addInstruction(const std::string& spec);
-    void addAmountInstruction(const std::string& spec);
+    void addLayout(const std::string& line);
+    void addInstruction(const std::string& line);
+    void addAmountInstruction(const std::string& line);
+    void addInputFormat(const std::string& line);
     void applyRun(const std::string& body, Controller& controller);
     void script(const std::string& body);
 
@@ -108,9 +110,9 @@ private:
 };
 
 // "key=value;key=value;...", with "splits=CAT/MEMO/AMOUNT,..." for splits.
-Dictionary record(const std::string& spec) {
+Dictionary record(const std::string& line) {
     Dictionary out;
-    for (const Value& pair : list(spec, ";")) {
+    for (const Value& pair : list(line, ";")) {
         auto [key, value] = split(pair.text(), "=");
         if (key != "splits") {
             out.insert_or_assign(key, Value(value));
@@ -128,28 +130,28 @@ Dictionary record(const std::string& spec) {
     return out;
 }
 
-void Scenario::addInstruction(const std::string& spec) {
+void Scenario::addInstruction(const std::string& line) {
     Array all = t_.ctx.prefs.objectForKey(prefkey::Instructions)
                     ? t_.ctx.prefs.objectForKey(prefkey::Instructions)->array()
                     : Array{};
-    all.emplace_back(record(spec));
+    all.emplace_back(record(line));
     t_.ctx.prefs.setObject(prefkey::Instructions, Value(all));
 }
 
 // Adds an amount instruction to the last instruction.
-void Scenario::addAmountInstruction(const std::string& spec) {
+void Scenario::addAmountInstruction(const std::string& line) {
     Array all = t_.ctx.prefs.objectForKey(prefkey::Instructions)->array();
     Dictionary last = all.back().dictionary();
     Array amounts = find(last, "amounts") ? find(last, "amounts")->array() : Array{};
-    amounts.emplace_back(record(spec));
+    amounts.emplace_back(record(line));
     last.insert_or_assign("amounts", Value(amounts));
     all.back() = Value(last);
     t_.ctx.prefs.setObject(prefkey::Instructions, Value(all));
 }
 
 // "NAME SEPARATOR ITEM,ITEM,...": a delimited layout writing every item listed.
-void Scenario::addLayout(const std::string& spec) {
-    auto [name, rest] = split(spec, " ");
+void Scenario::addLayout(const std::string& line) {
+    auto [name, rest] = split(line, " ");
     auto [separator, items] = split(rest, " ");
     Array order = list(items, ",");
     Array present(order.size(), Value(true));
@@ -161,6 +163,41 @@ void Scenario::addLayout(const std::string& spec) {
                                     {"Order", Value(order)},
                                     {"Present", Value(present)}});
     t_.ctx.prefs.setObject(prefkey::OutputFormats, Value(formats));
+}
+
+// A format value: whole numbers are positions, "true" and "false" flags; \n, \t, \r, \s (a
+// blank) and \; stand for what they name.
+Value formatValue(const std::string& text) {
+    if (!text.empty() && text.find_first_not_of("0123456789") == std::string::npos)
+        return Value(static_cast<std::int64_t>(std::stoll(text)));
+    if (text == "true" || text == "false")
+        return Value(text == "true");
+    const std::map<char, char> escapes{
+        {'n', '\n'}, {'t', '\t'}, {'r', '\r'}, {'s', ' '}, {';', ';'}};
+    std::string out;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        auto escape = escapes.find(i + 1 < text.size() && text[i] == '\\' ? text[i + 1] : '\0');
+        out += escape == escapes.end() ? text[i] : escape->second;
+        i += escape == escapes.end() ? 0 : 1;
+    }
+    return Value(out);
+}
+
+// The prefs line "format KEY=VALUE;KEY=VALUE;...": a stored input format.
+void Scenario::addInputFormat(const std::string& line) {
+    Dictionary format;
+    std::string pair;
+    for (std::size_t i = 0; i <= line.size(); ++i) {
+        if (i < line.size() && !(line[i] == ';' && (i == 0 || line[i - 1] != '\\'))) {
+            pair += line[i];
+            continue;
+        }
+        auto [key, value] = split(pair, "=");
+        if (!key.empty())
+            format.insert_or_assign(key, formatValue(value));
+        pair.clear();
+    }
+    Formats(t_.ctx.prefs).addFormat(format);
 }
 
 void Scenario::applyPrefs(const std::string& body) {
@@ -187,6 +224,8 @@ void Scenario::applyPrefs(const std::string& body) {
             addAmountInstruction(rest);
         } else if (verb == "layout") {
             addLayout(rest);
+        } else if (verb == "format") {
+            addInputFormat(rest);
         } else {
             FAIL() << "unknown prefs line: " << l;
         }
@@ -229,8 +268,8 @@ void Scenario::applyRun(const std::string& body, Controller& controller) {
 }
 
 // "ACTION [field=value ...]": edits the form, then answers with the action.
-std::function<ConfirmAction(ConfirmForm&)> confirmHandler(const std::string& spec) {
-    auto [action, edits] = split(spec, " ");
+std::function<ConfirmAction(ConfirmForm&)> confirmHandler(const std::string& line) {
+    auto [action, edits] = split(line, " ");
     return [action = action, edits = edits](ConfirmForm& form) {
         for (const Value& edit : list(edits, " ")) {
             auto [field, value] = split(edit.text(), "=");
@@ -257,9 +296,9 @@ std::function<ConfirmAction(ConfirmForm&)> confirmHandler(const std::string& spe
 }
 
 std::function<NewInstructionAction(NewInstructionForm&)>
-newInstructionHandler(const std::string& spec) {
-    return [spec](NewInstructionForm&) {
-        if (spec == "cancel")
+newInstructionHandler(const std::string& line) {
+    return [line](NewInstructionForm&) {
+        if (line == "cancel")
             return NewInstructionAction::cancel;
         return NewInstructionAction::useAsRead;
     };
