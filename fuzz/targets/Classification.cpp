@@ -1,0 +1,38 @@
+// A whole input as the program receives it: classified as OFX, QIF or free text, refused with
+// a message or made ready for the run form; a ready run then goes to the end unattended,
+// writing its output into a scratch folder. A refusal always says something, and a run that
+// says it wrote its output left a file.
+#include "../FuzzSupport.h"
+#include "../Targets.h"
+#include "app/Controller.h"
+#include "knowledge/Categories.h"
+
+namespace tavvel::fuzz {
+
+int classification(const std::uint8_t* data, std::size_t size) {
+    auto text = capped(data, size);
+    if (!text)
+        return 0;
+    Scratch scratch;
+    Context ctx = freshContext(scratch.path());
+    // Without a category list every run stops at its first check, before any reader.
+    Categories(ctx.prefs).createEmpty();
+    SilentDialogs dialogs((scratch.path() / "output.qif").string());
+    Controller controller(ctx, dialogs);
+    controller.fileAsString = std::string(*text);
+    controller.source = "fuzz input";
+    Intake intake = controller.processInput();
+    if (intake == Intake::refused) {
+        check(dialogs.messagesShown > 0, "an input refused without a message");
+        check(!ctx.processing, "a refused input left a run under way");
+        return 0;
+    }
+    if (intake != Intake::formReady)
+        return 0;
+    RunEnd end = controller.processTheTransactions();
+    if (end == RunEnd::written)
+        check(std::filesystem::exists(controller.outputFilePath), "a written run left no file");
+    return 0;
+}
+
+} // namespace tavvel::fuzz
