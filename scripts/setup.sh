@@ -6,6 +6,7 @@ packages=(
     g++ cmake ninja-build pkg-config
     libplist-dev libicu-dev libcli11-dev
     libgtest-dev libgmock-dev libbenchmark-dev
+    clang libclang-rt-14-dev
 )
 
 missing=()
