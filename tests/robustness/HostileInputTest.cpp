@@ -1,0 +1,204 @@
+// Inputs no bank would send on purpose: each is refused with the program's own message naming
+// the file, and nothing is written anywhere.
+#include "app/Controller.h"
+#include "knowledge/Categories.h"
+#include "knowledge/FormatFiles.h"
+#include "knowledge/Formats.h"
+#include "prefs/PropertyList.h"
+#include "support/TestContext.h"
+
+#include <cstdint>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <set>
+
+namespace tavvel {
+namespace {
+
+struct Message {
+    std::string title, text;
+};
+
+// Records every message; any question or file panel is a failure, since a refusal asks
+// nothing.
+class RecordingDialogs : public Dialogs {
+public:
+    std::vector<Message> messages;
+    void alert(const std::string& title, const std::string& text) override {
+        messages.push_back({title, text});
+    }
+    std::size_t ask(const std::string& title, const std::string&,
+                    const std::vector<std::string>&) override {
+        ADD_FAILURE() << "asked: " << title;
+        return 1;
+    }
+    ErrorWarningAnswer errorWarning(const std::string& message, const std::string&,
+                                    const std::string&, bool) override {
+        ADD_FAILURE() << "error warning: " << message;
+        return {false, false};
+    }
+    CancelAnswer cancelQuestion() override { return {CancelChoice::stopNow, false}; }
+    std::optional<std::string> chooseFileToOpen(const FileChoice&) override { return unexpected(); }
+    std::optional<std::string> chooseFileToSave(const FileChoice&) override { return unexpected(); }
+    std::optional<std::string> chooseFileToAppendTo(const FileChoice&) override {
+        return unexpected();
+    }
+
+private:
+    static std::optional<std::string> unexpected() {
+        ADD_FAILURE() << "a file panel was opened";
+        return std::nullopt;
+    }
+};
+
+// Deterministic junk: every byte value, NULs and line ends included.
+std::string junk(std::size_t size) {
+    std::string bytes(size, '\0');
+    std::uint32_t state = 12345;
+    for (char& c : bytes) {
+        state = state * 1103515245u + 12345u;
+        c = static_cast<char>(state >> 24);
+    }
+    return bytes;
+}
+
+std::set<std::filesystem::path> filesIn(const std::filesystem::path& folder) {
+    std::set<std::filesystem::path> files;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder))
+        files.insert(entry.path());
+    return files;
+}
+
+class HostileInput : public testing::Test {
+protected:
+    test::TestContext t;
+    RecordingDialogs dialogs;
+
+    HostileInput() { Categories(t.ctx.prefs).createEmpty(); }
+
+    std::filesystem::path write(const std::string& name, const std::string& bytes) {
+        std::filesystem::path file = t.folder.path() / name;
+        std::ofstream(file, std::ios::binary) << bytes;
+        return file;
+    }
+
+    // Classifies the file and expects one message, and no file created or removed.
+    Message refusal(const std::filesystem::path& file) {
+        auto before = filesIn(t.folder.path());
+        Controller controller(t.ctx, dialogs);
+        EXPECT_EQ(controller.actuallyProcessFile(file.string()), Intake::refused);
+        EXPECT_EQ(filesIn(t.folder.path()), before);
+        EXPECT_FALSE(t.ctx.processing);
+        EXPECT_EQ(dialogs.messages.size(), 1u);
+        return dialogs.messages.empty() ? Message{} : dialogs.messages.back();
+    }
+};
+
+TEST_F(HostileInput, EmptyFile) {
+    Message m = refusal(write("empty.qif", ""));
+    EXPECT_EQ(m.title, "No Transactions");
+    EXPECT_EQ(m.text, "File \"empty.qif\" contains no QIF transactions to process.");
+}
+
+TEST_F(HostileInput, Directory) {
+    std::filesystem::create_directory(t.folder.path() / "folder.qif");
+    Message m = refusal(t.folder.path() / "folder.qif");
+    EXPECT_EQ(m.title, "No Transactions");
+    EXPECT_EQ(m.text, "File \"folder.qif\" contains no QIF transactions to process.");
+}
+
+TEST_F(HostileInput, OneMegabyteLineWithoutADate) {
+    Message m = refusal(write("line.txt", std::string(1 << 20, 'x') + "\n"));
+    EXPECT_EQ(m.title, "Invalid Input");
+    EXPECT_EQ(m.text, "The input is not in QIF format, and does not appear to contain a date.  It "
+                      "cannot be processed.");
+}
+
+TEST_F(HostileInput, NulBytes) {
+    Message m = refusal(write("nul.txt", std::string(4096, '\0')));
+    EXPECT_EQ(m.title, "Invalid Input");
+}
+
+// Random bytes hold something that reads as a date often enough to go on to the run form;
+// whatever classification decides, nothing may be written.
+TEST_F(HostileInput, BinaryJunkWritesNothing) {
+    auto file = write("junk.bin", junk(1 << 20));
+    auto before = filesIn(t.folder.path());
+    Controller controller(t.ctx, dialogs);
+    controller.actuallyProcessFile(file.string());
+    EXPECT_EQ(filesIn(t.folder.path()), before);
+}
+
+TEST_F(HostileInput, OfxTruncatedInsideATag) {
+    Message m = refusal(write("cut.ofx", "OFXHEADER:100\r\nDATA:OFXSGML\r\n\r\n<OFX><SIGNONMSGS"));
+    EXPECT_EQ(m.title, "Invalid Input");
+    EXPECT_EQ(m.text, "File \"cut.ofx\" appears to contain QFX/OFX but does not represent Bank or "
+                      "Credit Card transactions; it cannot be processed.");
+}
+
+// The format-file and continuation-file readers refuse anything that is not a property list
+// of the right shape, however deep or broken.
+class HostileSavedFile : public testing::Test {
+protected:
+    test::TempFolder folder;
+    std::filesystem::path write(const std::string& name, const std::string& bytes) {
+        std::filesystem::path file = folder.path() / name;
+        std::ofstream(file, std::ios::binary) << bytes;
+        return file;
+    }
+};
+
+std::string nestedArrays(int depth) {
+    std::string xml = "<?xml version=\"1.0\"?><plist version=\"1.0\">";
+    for (int i = 0; i < depth; ++i)
+        xml += "<array>";
+    for (int i = 0; i < depth; ++i)
+        xml += "</array>";
+    return xml + "</plist>";
+}
+
+TEST_F(HostileSavedFile, FormatFileOfJunkIsNotAPropertyList) {
+    FormatFileRead read = readFormatFile(write("junk.tvfm", junk(4096)));
+    EXPECT_FALSE(read.record);
+    EXPECT_EQ(read.problem, "it is not a property list");
+}
+
+TEST_F(HostileSavedFile, FormatFileWithAnArrayRootHoldsNoRecord) {
+    FormatFileRead read = readFormatFile(write("list.tvfm", encodePropertyList(Value(Array{}))));
+    EXPECT_FALSE(read.record);
+    EXPECT_EQ(read.problem, "it does not hold a format record");
+}
+
+TEST_F(HostileSavedFile, DeeplyNestedFormatFileIsRefused) {
+    FormatFileRead read = readFormatFile(write("deep.tvfm", nestedArrays(100000)));
+    EXPECT_FALSE(read.record);
+    EXPECT_FALSE(read.problem.empty());
+}
+
+TEST_F(HostileSavedFile, ImportingJunkChangesNoFormat) {
+    TvPrefs prefs;
+    Formats formats(prefs);
+    RecordingDialogs dialogs;
+    auto present = [](RenameFormatForm&) {
+        ADD_FAILURE() << "the rename form was shown for junk";
+        return false;
+    };
+    EXPECT_EQ(importFormatFile(formats, write("junk.tvfm", junk(4096)), dialogs, present),
+              ImportOutcome::Refused);
+    EXPECT_EQ(formats.numberOfFormats(), 0u);
+    ASSERT_EQ(dialogs.messages.size(), 1u);
+    EXPECT_NE(dialogs.messages[0].text.find("junk.tvfm"), std::string::npos);
+}
+
+TEST_F(HostileSavedFile, ContinuationFileOfJunkOrWrongRoot) {
+    EXPECT_EQ(readPropertyListFile(write("junk.tvcn", junk(4096))).status,
+              PlistReadStatus::NotAPropertyList);
+    EXPECT_EQ(
+        readPropertyListFile(write("list.tvcn", encodePropertyList(Value(Array{1, 2})))).status,
+        PlistReadStatus::WrongRoot);
+    EXPECT_EQ(readPropertyListFile(write("deep.tvcn", nestedArrays(100000))).status,
+              PlistReadStatus::NotAPropertyList);
+}
+
+} // namespace
+} // namespace tavvel
