@@ -6,12 +6,15 @@
 
 #include "context/Context.h"
 #include "formats/ExtractKeys.h"
+#include "formats/ExtractRun.h"
 #include "recognize/FindDate.h"
 #include "recognize/WordMonthTable.h"
 
 namespace tavvel {
 
 Extract::Extract(Context& ctx) : ctx_(ctx) {}
+
+Extract::~Extract() = default;
 
 void Extract::splitTextIntoLines(std::string_view text, const Dictionary& format) {
     text_.assign(text);
@@ -79,6 +82,7 @@ bool Extract::parseTransactionsForCString(std::string_view text, const Dictionar
     if (transactionsAsLines.empty())
         return false;
     transactionIndex = -1;
+    runFor_ = nullptr;
     outputLength = {};
     outputLength.reserve(transactionsAsLines.size());
     return true;

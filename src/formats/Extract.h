@@ -10,6 +10,7 @@
 #include "prefs/Value.h"
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -18,6 +19,9 @@ namespace tavvel {
 
 class Context;
 struct WordMonthDates;
+namespace extract {
+struct RunFormat;
+}
 
 // The learning dialogue's layout choices (its layout pop-up and two switches).
 struct LayoutChoice {
@@ -31,6 +35,7 @@ struct LayoutChoice {
 class Extract {
 public:
     explicit Extract(Context& ctx);
+    ~Extract();
     // The transactions are views into the engine's own copy of the text.
     Extract(const Extract&) = delete;
     Extract& operator=(const Extract&) = delete;
@@ -76,19 +81,19 @@ private:
     enum class Read { handedOut, outOfRange };
     void cutAtDates(std::size_t begin, const Dictionary& format, const WordMonthDates& tables);
     void cutAtLineEnds(std::size_t begin);
-    Read readTransaction(std::string_view transaction, const Dictionary& format, Date fromDate,
+    Read readTransaction(std::string_view transaction, extract::RunFormat& run, Date fromDate,
                          Date toDate);
-    bool cutIntoFields(std::string_view transaction, const Dictionary& format);
-    bool readDate(const Dictionary& format, Date& date) const;
-    const std::string& writtenDate(Date date);
+    extract::RunFormat& runFormat(const Dictionary& format);
+    bool cutIntoFields(std::string_view transaction, const extract::RunFormat& run);
     void handOutError(std::string message, std::string_view transaction);
-    Dictionary previewRow(std::string_view transaction, const Dictionary& format);
+    Dictionary previewRow(std::string_view transaction, const extract::RunFormat& run);
 
     Context& ctx_;
     std::string text_; // the engine's copy, which transactionsAsLines views
     std::string work_; // the transaction being cut into fields
-    Date writtenDateOf_{};
-    std::string writtenDatePattern_, writtenDate_;
+    // Taken from the format of the run once; a run that hands in another format starts anew.
+    std::unique_ptr<extract::RunFormat> run_;
+    const Dictionary* runFor_ = nullptr;
 };
 
 } // namespace tavvel

@@ -38,14 +38,14 @@ public:
     // "OFX": a date of eight characters and the rest, without cutting.
     bool ofxLike() const { return ofxLike_; }
     // The layout's name, for the message about a bad quoted field.
-    std::string_view layout() const { return layout_; }
+    const std::string& layout() const { return layout_; }
 
 private:
     void separatedBounds(const std::string& text, Cut& c) const;
 
-    const Dictionary& format_;
+    Dictionary layoutKeys_; // the format's layout keys alone, quick to look up field by field
     BlankCounts& blanks_;
-    std::string_view layout_;
+    std::string layout_;
     bool separated_ = false;
     char separator_ = '\0'; // dropped from the end of the last field
     bool ofxLike_ = false;

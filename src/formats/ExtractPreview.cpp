@@ -3,8 +3,8 @@
 
 #include "context/Context.h"
 #include "formats/Extract.h"
-#include "formats/ExtractFieldCut.h"
 #include "formats/ExtractKeys.h"
+#include "formats/ExtractRun.h"
 #include "recognize/InputFormatKeys.h"
 
 #include <array>
@@ -57,20 +57,20 @@ void Extract::parseFields(const LayoutChoice& layout, Dictionary& format) {
     transactionsAsFields.clear();
     transactionsAsFields.reserve(transactionsAsLines.size());
     previewColumns = 0;
+    const extract::RunFormat run(format, ctx_);
     for (std::string_view transaction : transactionsAsLines)
-        transactionsAsFields.push_back(previewRow(transaction, format));
+        transactionsAsFields.push_back(previewRow(transaction, run));
 }
 
-Dictionary Extract::previewRow(std::string_view transaction, const Dictionary& format) {
+Dictionary Extract::previewRow(std::string_view transaction, const extract::RunFormat& run) {
     std::vector<std::string> fields;
-    if (has(format, fmtkey::OFX)) {
+    if (run.ofxLike) {
         fields.emplace_back(transaction.substr(0, 8));
         fields.emplace_back(transaction.substr(std::min<std::size_t>(8, transaction.size())));
     } else if (!transaction.empty()) {
         work_.assign(transaction);
-        const extract::FieldCutter cutter(format, ctx_.blanks);
         for (std::size_t pos = 0; pos < work_.size();) {
-            const extract::Cut cut = cutter.cut(work_, pos);
+            const extract::Cut cut = run.cutter.cut(work_, pos);
             fields.push_back(extract::fieldText(work_, cut));
             pos = cut.next;
         }

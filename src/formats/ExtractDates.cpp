@@ -1,0 +1,59 @@
+#include "context/Context.h"
+#include "formats/ExtractKeys.h"
+#include "formats/ExtractRun.h"
+#include "recognize/CalendarDate.h"
+#include "recognize/InputFormatKeys.h"
+#include "recognize/ParseDate.h"
+
+namespace tavvel::extract {
+
+namespace {
+
+// A statement holds a few hundred dates at most; text that holds more starts the memo afresh.
+constexpr std::size_t kMemoLimit = 4096;
+
+Dictionary dateKeys(const Dictionary& format) {
+    Dictionary keys;
+    for (std::string_view key : {fmtkey::DateDelimiter, fmtkey::DateEnd, fmtkey::DayBeforeMonth})
+        if (const Value* value = find(format, key))
+            keys.emplace(std::string(key), *value);
+    return keys;
+}
+
+} // namespace
+
+DateReader::DateReader(const Dictionary& format, Context& ctx)
+    : keys_(dateKeys(format)), ctx_(ctx) {}
+
+// Numbers the date leaves out stay 1, as the reading always started.
+std::optional<Date> DateReader::read(std::string_view field) {
+    std::int64_t month = 1, day = 1, year = 1;
+    if (!parseDate(field, keys_, month, day, year, ctx_.config, ctx_.clock))
+        return std::nullopt;
+    const std::array<std::int64_t, 3> key{year, month, day};
+    if (auto known = days_.find(key); known != days_.end())
+        return known->second;
+    if (days_.size() >= kMemoLimit)
+        days_.clear();
+    return days_.emplace(key, ctx_.gTvDate.dateWithYear(year, month, day)).first->second;
+}
+
+const std::string& DateReader::written(Date date) {
+    std::string pattern = ctx_.output.longDatePattern();
+    if (pattern != pattern_ || written_.size() >= kMemoLimit) {
+        written_.clear();
+        pattern_ = std::move(pattern);
+    }
+    auto known = written_.find(date.seconds);
+    if (known == written_.end())
+        known = written_.emplace(date.seconds, formatDate(date, pattern_)).first;
+    return known->second;
+}
+
+RunFormat::RunFormat(const Dictionary& format, Context& ctx)
+    : cutter(format, ctx.blanks), dates(format, ctx), ofxLike(has(format, fmtkey::OFX)) {
+    if (const Value* index = find(format, fmtkey::Date))
+        dateIndex = index->toInteger();
+}
+
+} // namespace tavvel::extract
