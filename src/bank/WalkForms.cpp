@@ -2,6 +2,7 @@
 // Cancel, and the continuation record kept when the user finishes later.
 
 #include "bank/BankTexts.h"
+#include "bank/NewInstructionSaving.h"
 #include "bank/TransactionKeys.h"
 #include "bank/WalkState.h"
 #include "context/Context.h"
@@ -15,11 +16,6 @@
 #include "ui/Dialogs.h"
 #include "ui/NewInstructionForm.h"
 #include "ui/RunHelpers.h"
-
-#if __has_include("bank/NewInstructionSaving.h")
-#include "bank/NewInstructionSaving.h"
-#define TAVVEL_HAS_INSTRUCTION_SAVING 1
-#endif
 
 namespace tavvel {
 
@@ -191,6 +187,7 @@ BankingCreditCardQIF::Step BankingCreditCardQIF::newInstruction(Walk& walk, Prep
     setup.instruction = instruction_;
     setup.cancelReturnsToConfirm = cancelReturnsToConfirm;
     setup.runOutputNumber = walk.options.outputNumber;
+    setup.normalizeAmount = [this](Dictionary& split) { normalizeQIFAmountIn(split); };
     form.fill(setup);
     while (true) {
         NewInstructionAction action = walk.dialogs.newInstruction(form);
@@ -211,10 +208,8 @@ BankingCreditCardQIF::Step BankingCreditCardQIF::newInstruction(Walk& walk, Prep
             return answer;
         }
         case NewInstructionAction::save:
-#ifdef TAVVEL_HAS_INSTRUCTION_SAVING
             if (saveNewInstruction(form, ctx_.prefs, walk.dialogs) != SaveOutcome::stored)
                 continue;
-#endif
             extractedCheckNumber.reset();
             cancelReturnsToConfirm = false;
             return Step::rerun;

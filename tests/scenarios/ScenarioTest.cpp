@@ -297,9 +297,25 @@ std::function<ConfirmAction(ConfirmForm&)> confirmHandler(const std::string& lin
 
 std::function<NewInstructionAction(NewInstructionForm&)>
 newInstructionHandler(const std::string& line) {
-    return [line](NewInstructionForm&) {
-        if (line == "cancel")
+    auto [action, edits] = split(line, " ");
+    return [action = action, edits = edits](NewInstructionForm& form) {
+        for (const Value& edit : list(edits, " ")) {
+            auto [field, value] = split(edit.text(), "=");
+            std::replace(value.begin(), value.end(), '_', ' ');
+            if (field == "match")
+                form.editMatchText(value);
+            else if (field == "category")
+                form.setCategory(value);
+            else if (field == "desc") {
+                form.setUseDescription(true);
+                form.setNewDescription(value);
+            } else if (field == "confirm")
+                form.setConfirm(value == "Y");
+        }
+        if (action == "cancel")
             return NewInstructionAction::cancel;
+        if (action == "save")
+            return NewInstructionAction::save;
         return NewInstructionAction::useAsRead;
     };
 }
