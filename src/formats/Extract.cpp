@@ -10,6 +10,8 @@
 #include "recognize/FindDate.h"
 #include "recognize/WordMonthTable.h"
 
+#include <algorithm>
+
 namespace tavvel {
 
 Extract::Extract(Context& ctx) : ctx_(ctx) {}
@@ -46,7 +48,8 @@ void Extract::cutAtDates(std::size_t begin, const Dictionary& format,
     std::size_t start = begin;
     std::int64_t length = 0;
     for (std::size_t previousFrom = std::string::npos;;) {
-        const std::size_t from = std::min(start + static_cast<std::size_t>(length), text.size());
+        const auto skip = static_cast<std::size_t>(std::max<std::int64_t>(length, 0));
+        const std::size_t from = std::min(start + std::min(skip, text.size()), text.size());
         if (from == previousFrom)
             break; // a date of no length at the same place: nothing further can be found
         previousFrom = from;
