@@ -167,6 +167,7 @@ bool BankingCreditCardQIF::fromFormattedText(std::string_view text, const Dictio
         return false;
     warning.reset();
     startReading();
+    qif.reserve(extract.transactionsAsLines.size());
     // Free text has a confirm-all setting of its own.
     mustConfirm = optionOn(ctx_.prefs, option::textConfirmAllTransactions);
     const int precision = amountPrecision(ctx_.prefs);
