@@ -22,12 +22,13 @@ struct Lists {
 // followed by a second line (type or symbol); anything out of that order is malformed.
 class Scan {
 public:
-    explicit Scan(Dialogs& dialogs, std::string_view source) : dialogs_(dialogs), source_(source) {}
-
     // False when the list part is malformed. `stop` is the index of the line that ended the
     // scan, or the number of lines.
     bool run(const std::vector<std::string_view>& lines, std::size_t& stop);
     const Lists& lists() const { return lists_; }
+    // A prices section is reported once the lists are known to be sound, so a malformed
+    // export gets one message only.
+    bool pricesSeen() const { return pricesSeen_; }
     bool sectionOpen() const { return section_ != Section::none; }
 
 private:
@@ -35,12 +36,11 @@ private:
     bool recordLine(std::string_view line);
     bool pairedLine(std::string_view line, char second, std::string_view secondKey, Array& list);
 
-    Dialogs& dialogs_;
-    std::string_view source_;
     Lists lists_;
     Section section_ = Section::none;
     bool outsideAutoSwitch_ = true;
     std::optional<std::string> pendingName_;
+    bool pricesSeen_ = false;
 };
 
 bool startsWith(std::string_view line, std::string_view prefix) {
@@ -76,8 +76,7 @@ bool Scan::header(std::string_view line, bool& stopHere) {
         lists_.securities = Array{};
         section_ = Section::securities;
     } else if (line == "!Type:Prices") {
-        dialogs_.alert(std::string(text::listImportTitle),
-                       formatMessage(text::listImportPrices, source_));
+        pricesSeen_ = true;
         section_ = Section::none;
     } else if (line == "!Account") {
         stopHere = outsideAutoSwitch_;
@@ -131,10 +130,13 @@ int ImportQuickenExport::process(const std::vector<std::string_view>& lines,
         prefs_.synchronize();
         return 0;
     }
-    Scan scan(dialogs_, source);
+    Scan scan;
     std::size_t stop = 0;
     if (!scan.run(lines, stop))
         return kMalformed;
+    if (scan.pricesSeen())
+        dialogs_.alert(std::string(text::listImportTitle),
+                       formatMessage(text::listImportPrices, source));
     startIndex = stop;
     int result = scan.sectionOpen() ? kEndedInsideList : 0;
     struct Offer {

@@ -83,13 +83,14 @@ std::optional<Value> fromScalar(plist_t node) {
         plist_get_real_val(node, &d);
         return Value(d);
     }
-    case PLIST_STRING:
-    case PLIST_KEY: {
-        char* s = nullptr;
-        plist_get_string_val(node, &s);
-        Value v(std::string(s ? s : ""));
-        std::free(s);
-        return v;
+    case PLIST_STRING: {
+        // Read by pointer and length: the copying call asserts on a string holding a NUL
+        // byte, and a hostile file must be refused, not stop the program.
+        uint64_t length = 0;
+        const char* text = plist_get_string_ptr(node, &length);
+        if (!text || std::string_view(text, length).find('\0') != std::string_view::npos)
+            return std::nullopt;
+        return Value(std::string(text, length));
     }
     case PLIST_DATE: {
         int32_t sec = 0, usec = 0;
