@@ -3,6 +3,7 @@
 #include "knowledge/Categories.h"
 #include "prefs/Settings.h"
 #include "recognize/CalendarDate.h"
+#include "ui/CategoryWarning.h"
 #include "ui/ConfirmFormTexts.h"
 
 namespace tavvel {
@@ -80,12 +81,7 @@ void ConfirmForm::stepDate(int days) {
 }
 
 std::string ConfirmForm::categoryWarning(std::string_view category) const {
-    if (!category.empty() && category.back() == ':')
-        return std::string(text::categoryEndsWithColon);
-    Categories categories(prefs_);
-    if (!category.empty() && categories.indexOfCategory(category) < 0)
-        return std::string(text::newCategory);
-    return {};
+    return std::string(tavvel::categoryWarning(category, Categories(prefs_)));
 }
 
 std::string ConfirmForm::splitsButtonTitle() const {

@@ -20,8 +20,6 @@ inline constexpr std::string_view transactionsWithDescription =
 inline constexpr std::string_view orInSplits = " or category/memo in the splits";
 inline constexpr std::string_view memoOrCategory = ", the memo, or the category";
 inline constexpr std::string_view willUse = "%@ (will use %@)";
-inline constexpr std::string_view categoryEndsWithColon = "WARNING: a category cannot end with a :";
-inline constexpr std::string_view newCategory = "NEW Category Above";
 inline constexpr std::string_view addSplits = "Add Splits";
 inline constexpr std::string_view removeSplits = "Remove Splits";
 
