@@ -56,6 +56,10 @@ public:
     // started by itself (the suggested file name differs then).
     RunEnd processTheTransactions(bool mainWindowVisible = true);
 
+    // inputFormatSet — the input format named in the run form (ignoring case), with the
+    // account type and kind it implies; a name that names no format leaves the text unknown.
+    void inputFormatSet(std::string name);
+
     RunForm& form() { return form_; }
     OutputFormats& outputFormats() { return writer_; }
 

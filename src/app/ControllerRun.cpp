@@ -93,12 +93,17 @@ Intake Controller::extract() {
             bestLength = match.size();
         }
     }
-    if (!winner) {
+    inputFormatSet(winner ? textOf(*winner, "Name") : std::string());
+    return Intake::formReady;
+}
+
+void Controller::inputFormatSet(std::string name) {
+    std::optional<Dictionary> format = Formats(ctx_.prefs).formatForName(name);
+    if (!format) {
         ctx_.gType = kTypeTextWithoutFormat;
         form_.setInput({true, "Unknown", 4, account});
-        form_.setInputFormatName("");
     } else {
-        std::string type = textOf(*winner, "FormatType");
+        std::string type = textOf(*format, "FormatType");
         bool showAll = optionOn(ctx_.prefs, option::showAllAccountNames);
         if (type == "Investment")
             ctx_.gType = kTypeInvestment;
@@ -106,10 +111,10 @@ Intake Controller::extract() {
             ctx_.gType = type == "Bank" ? kTypeBank : kTypeCreditCard;
         int kind = type == "Investment" ? 2 : showAll ? 3 : ctx_.gType;
         form_.setInput({true, type, kind, account});
-        form_.setInputFormatName(textOf(*winner, "Name"));
+        name = textOf(*format, "Name");
     }
+    form_.setInputFormatName(std::move(name));
     form_.fillInAccountAndOutputPart();
-    return Intake::formReady;
 }
 
 WalkOptions Controller::walkOptions() const {
