@@ -50,4 +50,13 @@ grep -qF "Create New Instruction" "$tmp/err" && fail "--batch showed the new-ins
 run 0 --list instructions
 grep -qF "FRESH FOODS" "$tmp/out" || fail "no instruction for FRESH FOODS: $(cat "$tmp/out")"
 grep -qF "NEWSAGENT" "$tmp/out" && fail "--batch learned an instruction for NEWSAGENT"
+# From the confirmation form, an instruction for one amount of a known payee: it is stored
+# with the payee's instruction and applies to the same transaction at once.
+"$cli" --batch --set confirmAllTransactions </dev/null 2>/dev/null || fail "option not set"
+printf '%s\n' '!Type:Bank' 'D3/01/2024' 'T-54.20' 'PFRESH FOODS #4411' '^' >"$tmp/march.qif"
+printf '%s\n' add-amount-instruction 'amount-desc Fresh Foods Box' 'amount-category Groceries:Box' \
+    save ok | "$cli" -o "$tmp/march-out.qif" "$tmp/march.qif" >"$tmp/out" 2>"$tmp/err" ||
+    fail "amount run failed: $(cat "$tmp/err")"
+said "== Add Instruction For Amount ==" " For this amount (-54.20): on" "  Description: Fresh Foods Box"
+same "$tmp/march-out.qif" $'!Type:Bank\nD3/1/2024\nPFresh Foods Box\nT-54.20\nLGroceries:Box\n^\n'
 echo "instructions learned: ok"
