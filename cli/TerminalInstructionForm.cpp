@@ -96,8 +96,8 @@ FormCommand finishing(std::string name, std::string help, NewInstructionAction w
             }};
 }
 
-FormCommand text(std::string name, std::string arguments, std::string help,
-                 std::function<void(const std::string&)> set) {
+FormCommand textField(std::string name, std::string arguments, std::string help,
+                      std::function<void(const std::string&)> set) {
     return {std::move(name), std::move(arguments), std::move(help),
             [set = std::move(set)](const std::string& rest) {
                 set(rest);
@@ -119,11 +119,11 @@ FormCommand toggle(std::string name, std::string help, std::function<void(bool)>
 // A text with a use switch: the text typed switches it on, nothing switches it off.
 FormCommand usedText(std::string name, std::string help, std::function<void(bool)> use,
                      std::function<void(std::string)> set) {
-    return text(std::move(name), "[TEXT]", std::move(help),
-                [use = std::move(use), set = std::move(set)](const std::string& rest) {
-                    use(!rest.empty());
-                    set(rest);
-                });
+    return textField(std::move(name), "[TEXT]", std::move(help),
+                     [use = std::move(use), set = std::move(set)](const std::string& rest) {
+                         use(!rest.empty());
+                         set(rest);
+                     });
 }
 
 FormCommand splitsOf(Form& form, Splits which, std::string name, std::string help) {
@@ -178,8 +178,8 @@ void addInstructionCommands(CommandList& list, Form& form) {
         [&form](bool on) { form.setUseMemo(on); },
         [&form](std::string t) { form.setNewMemo(std::move(t)); }));
     if (form.categoryShown())
-        list.push_back(text("category", "TEXT", "the category",
-                            [&form](const std::string& t) { form.setCategory(t); }));
+        list.push_back(textField("category", "TEXT", "the category",
+                                 [&form](const std::string& t) { form.setCategory(t); }));
     list.push_back(toggle("confirm", "confirm every matching transaction",
                           [&form](bool on) { form.setConfirm(on); }));
     list.push_back(toggle("number", "take the check number from the description",
@@ -201,14 +201,14 @@ void addAmountCommands(CommandList& list, Form& form) {
                               [&form](bool on) { form.setAmountSwitch(on); }));
     if (!form.amountSwitchOn())
         return;
-    list.push_back(text("amount-desc", "TEXT", "the description for this amount",
-                        [&form](const std::string& t) { form.setAmountDescription(t); }));
+    list.push_back(textField("amount-desc", "TEXT", "the description for this amount",
+                             [&form](const std::string& t) { form.setAmountDescription(t); }));
     list.push_back(usedText(
         "amount-memo", "the memo for this amount (nothing: none)",
         [&form](bool on) { form.setAmountUseMemo(on); },
         [&form](std::string t) { form.setAmountMemo(std::move(t)); }));
-    list.push_back(text("amount-category", "TEXT", "the category for this amount",
-                        [&form](const std::string& t) { form.setAmountCategory(t); }));
+    list.push_back(textField("amount-category", "TEXT", "the category for this amount",
+                             [&form](const std::string& t) { form.setAmountCategory(t); }));
     list.push_back(toggle("amount-confirm", "confirm transactions of this amount",
                           [&form](bool on) { form.setAmountConfirm(on); }));
     list.push_back(splitsOf(form, Splits::amount, "amount-split", "edit the amount's splits"));
