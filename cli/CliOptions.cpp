@@ -14,7 +14,10 @@ constexpr const char* kFooter =
     "Exit status: 0 when the output was written (or there was nothing to output), 1 when the "
     "input was refused or nothing could be written, 2 for wrong usage.\n"
     "Dates are written in the output date format (M/d/yyyy, or d/M/yyyy for day-first output "
-    "dates); a two-digit year is read as the run form reads it.";
+    "dates); a two-digit year is read as the run form reads it.\n"
+    "Without --batch, each form (confirming a transaction, a new instruction) is printed and "
+    "answered with typed commands, one a line, from the terminal, a pipe or a file; type help at "
+    "a form for its commands, or see docs/cli.md.";
 
 void addRunOptions(CLI::App& app, RunOptions& run) {
     app.add_option("-o,--output", run.output,

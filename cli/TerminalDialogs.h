@@ -29,6 +29,10 @@ public:
     ErrorWarningAnswer errorWarning(const std::string& message, const std::string& text,
                                     const std::string& buttonTitle, bool offerDontWarn) override;
     CancelAnswer cancelQuestion() override;
+    // Printed and answered with typed commands; under --batch accepted as shown (the
+    // confirmation form) or output as read (the new-instruction form), without a word.
+    ConfirmAction confirmTransaction(ConfirmForm& form) override;
+    NewInstructionAction newInstruction(NewInstructionForm& form) override;
     std::optional<std::string> chooseFileToOpen(const FileChoice& choice) override;
     std::optional<std::string> chooseFileToSave(const FileChoice& choice) override;
     std::optional<std::string> chooseFileToAppendTo(const FileChoice& choice) override;
