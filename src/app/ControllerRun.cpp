@@ -66,6 +66,8 @@ std::string fileNameDate(std::string date) {
 
 Intake Controller::extract() {
     doingExtract = true;
+    // Text is read from fileAsString alone; its lines would only hold memory through the run.
+    std::vector<std::string>().swap(fileAsLines);
     controlHelpAnchor = "Text";
     if (optionOn(ctx_.prefs, option::append) && !checkAccountsForAppend())
         return Intake::refused;
