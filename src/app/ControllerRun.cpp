@@ -98,18 +98,22 @@ Intake Controller::extract() {
         form_.setInput({true, "Unknown", 4, account});
         form_.setInputFormatName("");
     } else {
-        std::string type = textOf(*winner, "FormatType");
-        bool showAll = optionOn(ctx_.prefs, option::showAllAccountNames);
-        if (type == "Investment")
-            ctx_.gType = kTypeInvestment;
-        else if (!showAll)
-            ctx_.gType = type == "Bank" ? kTypeBank : kTypeCreditCard;
-        int kind = type == "Investment" ? 2 : showAll ? 3 : ctx_.gType;
-        form_.setInput({true, type, kind, account});
-        form_.setInputFormatName(textOf(*winner, "Name"));
+        inputFormatSet(*winner);
     }
     form_.fillInAccountAndOutputPart();
     return Intake::formReady;
+}
+
+void Controller::inputFormatSet(const Dictionary& format) {
+    std::string type = textOf(format, "FormatType");
+    bool showAll = optionOn(ctx_.prefs, option::showAllAccountNames);
+    if (type == "Investment")
+        ctx_.gType = kTypeInvestment;
+    else if (!showAll)
+        ctx_.gType = type == "Bank" ? kTypeBank : kTypeCreditCard;
+    int kind = type == "Investment" ? 2 : showAll ? 3 : ctx_.gType;
+    form_.setInput({true, type, kind, account});
+    form_.setInputFormatName(textOf(format, "Name"));
 }
 
 WalkOptions Controller::walkOptions() const {
