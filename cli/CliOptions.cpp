@@ -34,6 +34,9 @@ void addRunOptions(CLI::App& app, RunOptions& run) {
     all->excludes(last, from, to);
     last->excludes(from, to);
     app.add_option("--output-format", run.outputFormat, "Output format by name (default QIF)");
+    app.add_option("--input-format", run.inputFormat,
+                   "Input format by name for a text statement (default: the stored format whose "
+                   "Match text the statement holds)");
     app.add_option("--qif-type", run.qifType,
                    "QIF input type: Normal, Reverse Signs, Swap Description and Memo, Swap and "
                    "Reverse Signs");
@@ -60,8 +63,8 @@ void addSettingOptions(CLI::App& app, CliOptions& options) {
 } // namespace
 
 bool RunOptions::setsForm() const {
-    return append || account || range || outputFormat || qifType || ofxType || sameDate ||
-           sameNumber;
+    return append || account || range || outputFormat || inputFormat || qifType || ofxType ||
+           sameDate || sameNumber;
 }
 
 CliParse parseCommandLine(const std::vector<std::string>& args) {

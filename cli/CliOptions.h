@@ -20,6 +20,7 @@ struct RunOptions {
     std::optional<Range> range;
     std::optional<std::string> dateFrom, dateTo;
     std::optional<std::string> outputFormat;
+    std::optional<std::string> inputFormat; // a text statement's input format, by name
     std::optional<std::string> qifType, ofxType;
     std::optional<std::string> sameDate, sameNumber;
 

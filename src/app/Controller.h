@@ -68,6 +68,10 @@ public:
     // input format is learned from the run's input text.
     LearnEnd learn(const std::string& name);
 
+    // inputFormatSet — the input format named in the run form (ignoring case), with the
+    // account type and kind it implies; a name that names no format leaves the text unknown.
+    void inputFormatSet(std::string name);
+
     RunForm& form() { return form_; }
     OutputFormats& outputFormats() { return writer_; }
 
@@ -97,8 +101,6 @@ private:
     Intake classifyLines();
     Intake classifyQIF(std::size_t head);
     Intake extract();
-    // The run's input format chosen: its type decides the run kind and the accounts offered.
-    void inputFormatSet(const Dictionary& format);
     Intake endClassification();
     bool passesRunChecks();
     bool checkCategories();

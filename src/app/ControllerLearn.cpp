@@ -12,9 +12,8 @@ namespace tavvel {
 LearnEnd Controller::learn(const std::string& name) {
     if (name.empty())
         return LearnEnd::focusStays;
-    if (auto stored = Formats(ctx_.prefs).formatForName(name)) {
-        inputFormatSet(*stored);
-        form_.fillInAccountAndOutputPart();
+    if (Formats(ctx_.prefs).formatForName(name)) {
+        inputFormatSet(name);
         return LearnEnd::existing;
     }
     Extract extract(ctx_);
@@ -22,8 +21,7 @@ LearnEnd Controller::learn(const std::string& name) {
     std::optional<Dictionary> learned = learning.learnFromString(fileAsString, fileAsString, name);
     if (!learned)
         return LearnEnd::cancelled;
-    inputFormatSet(*learned);
-    form_.fillInAccountAndOutputPart();
+    inputFormatSet(textOf(*learned, "Name"));
     return LearnEnd::learned;
 }
 

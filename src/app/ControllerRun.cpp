@@ -93,27 +93,28 @@ Intake Controller::extract() {
             bestLength = match.size();
         }
     }
-    if (!winner) {
-        ctx_.gType = kTypeTextWithoutFormat;
-        form_.setInput({true, "Unknown", 4, account});
-        form_.setInputFormatName("");
-    } else {
-        inputFormatSet(*winner);
-    }
-    form_.fillInAccountAndOutputPart();
+    inputFormatSet(winner ? textOf(*winner, "Name") : std::string());
     return Intake::formReady;
 }
 
-void Controller::inputFormatSet(const Dictionary& format) {
-    std::string type = textOf(format, "FormatType");
-    bool showAll = optionOn(ctx_.prefs, option::showAllAccountNames);
-    if (type == "Investment")
-        ctx_.gType = kTypeInvestment;
-    else if (!showAll)
-        ctx_.gType = type == "Bank" ? kTypeBank : kTypeCreditCard;
-    int kind = type == "Investment" ? 2 : showAll ? 3 : ctx_.gType;
-    form_.setInput({true, type, kind, account});
-    form_.setInputFormatName(textOf(format, "Name"));
+void Controller::inputFormatSet(std::string name) {
+    std::optional<Dictionary> format = Formats(ctx_.prefs).formatForName(name);
+    if (!format) {
+        ctx_.gType = kTypeTextWithoutFormat;
+        form_.setInput({true, "Unknown", 4, account});
+    } else {
+        std::string type = textOf(*format, "FormatType");
+        bool showAll = optionOn(ctx_.prefs, option::showAllAccountNames);
+        if (type == "Investment")
+            ctx_.gType = kTypeInvestment;
+        else if (!showAll)
+            ctx_.gType = type == "Bank" ? kTypeBank : kTypeCreditCard;
+        int kind = type == "Investment" ? 2 : showAll ? 3 : ctx_.gType;
+        form_.setInput({true, type, kind, account});
+        name = textOf(*format, "Name");
+    }
+    form_.setInputFormatName(std::move(name));
+    form_.fillInAccountAndOutputPart();
 }
 
 WalkOptions Controller::walkOptions() const {
