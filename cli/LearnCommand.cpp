@@ -17,7 +17,8 @@ std::optional<RunProblem> learnWhenWanted(Controller& controller, const CliOptio
         return RunProblem{kExitUsage, "--learn asks questions, so it cannot run under --batch"};
     std::optional<std::string> name = options.learn;
     if (!name) {
-        if (!form.inputFormatName.empty() || options.batch)
+        // A format named on the command line is chosen when the run form is filled in.
+        if (!form.inputFormatName.empty() || options.batch || options.run.inputFormat)
             return std::nullopt;
         name = dialogs.nameForNewFormat();
         if (!name)

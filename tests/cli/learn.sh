@@ -136,4 +136,26 @@ run 1 --batch -o "$tmp/other.qif" "$tmp/other.txt"
 said "no stored input format fits this text"
 run 2 --batch --learn Other -o "$tmp/other.qif" "$tmp/other.txt"
 said "--learn asks questions, so it cannot run under --batch"
+
+# --learn without a statement, with an empty name, or with --input-format as well: wrong usage,
+# nothing stored.
+cp "$prefs" "$tmp/before"
+run 2 --learn Other
+said "--learn needs the text statement FILE to learn the input format from"
+run 2 --learn "" -o "$tmp/other.qif" "$tmp/other.txt"
+said "--learn needs one line of text"
+run 2 --learn Other --input-format Giro -o "$tmp/other.qif" "$tmp/other.txt"
+said "--learn and --input-format both name the run's input format"
+cmp -s "$prefs" "$tmp/before" || fail "a wrong --learn changed the store"
+[ ! -e "$tmp/other.qif" ] || fail "a wrong --learn wrote output"
+
+# A format chosen with --input-format is not asked for, even on a terminal: the line waiting on
+# standard input is no name for a new format. The text has no heading, so its first date
+# opens it.
+printf '01/07/2024,TEA,-2.00\n01/08/2024,BUS,-1.50\n' >"$tmp/bare.csv"
+printf 'Tea Format\n' |
+    "$cli" --input-format "Lakeside CSV" -o "$tmp/bare.qif" "$tmp/bare.csv" >"$tmp/out" 2>"$tmp/err" ||
+    fail "--input-format on a terminal failed: $(tail -20 "$tmp/err")"
+same "$tmp/bare.qif" $'!Type:Bank\nD1/7/2024\nPTEA\nT-2.00\n^\nD1/8/2024\nPBUS\nT-1.50\n^\n'
+"$cli" --batch --list formats </dev/null | grep -qF "Tea Format" && fail "a format was learned"
 echo "learn: ok"
