@@ -114,7 +114,7 @@ void LearnFormat::ok1() {
 
     layoutForm_.layout.oneTransactionPerLine = false;
     measureDate(format, *selection, recognised->delimiter);
-    extract_.splitTextIntoLines(extract_.inputCsave, format);
+    extract_.splitTextIntoLines(textAsRead(extract_.inputCsave, format), format);
     // The text asks for two transactions, yet one is enough to learn from.
     if (extract_.transactionsAsLines.empty())
         return refuse(text::notEnoughTransactionsTitle, text::notEnoughTransactions);

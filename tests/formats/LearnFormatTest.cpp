@@ -172,6 +172,32 @@ TEST_F(LearnFormatTest, OneTransactionIsEnoughAndNoneIsRefused) {
     EXPECT_TRUE(learn.format().empty());
 }
 
+// Without a heading the first date opens the text, so no line end stands before it; the
+// reading run puts one in front, and the preview must show that first transaction too.
+TEST_F(LearnFormatTest, ThePreviewOfATextWithoutHeadingHoldsWhatTheReaderReads) {
+    const std::string bare = "05/02/2024,CORNER SHOP,-4.00\n"
+                             "05/03/2024,SALARY,100.00\n"
+                             "05/04/2024,BOOKS,-12.00\n";
+    learn.start(bare, bare, "Bare");
+    selectDate(1, "05/03/2024");
+    ASSERT_EQ(learn.stage(), Stage::layout);
+    ASSERT_EQ(textOf(learn.format(), "DateStart"), "\n");
+    learn.layoutForm().chooseLayout(5);
+    const PreviewTable& preview = learn.layoutForm().preview;
+    ASSERT_EQ(preview.rows.size(), 3u);
+    EXPECT_EQ(preview.cell(0, 0), "05/02/2024");
+    EXPECT_EQ(preview.cell(0, 1), "CORNER SHOP");
+    EXPECT_EQ(preview.cell(2, 1), "BOOKS");
+
+    Extract reader(t.ctx);
+    ASSERT_TRUE(
+        reader.parseTransactionsForCString(textAsRead(bare, learn.format()), learn.format()));
+    EXPECT_EQ(reader.transactionsAsLines.size(), preview.rows.size());
+    // A format whose dates follow another character reads the text as it stands.
+    Dictionary blankBefore{{"DateStart", Value(" ")}};
+    EXPECT_EQ(textAsRead(bare, blankBefore), bare);
+}
+
 TEST(LearnLayoutGuess, TabsColumnsAndCounts) {
     std::int64_t most = 0;
     // Tab-separated, a tab followed by a blank: fields start after initial blanks.
