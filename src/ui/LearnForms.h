@@ -6,6 +6,7 @@
 // decides what each button does.
 
 #include "formats/Extract.h"
+#include "ui/FieldEdit.h"
 
 #include <cstddef>
 #include <functional>
@@ -19,12 +20,6 @@ namespace tavvel {
 // The buttons of the three forms. The date form offers OK and Cancel, the layout form OK, Back
 // and Cancel, the question form OK (or Yes and No), Back and Cancel.
 enum class LearnAction { ok, yes, no, back, cancel };
-
-// A selection in a text view: where it starts and how many bytes it takes.
-struct TextSelection {
-    std::size_t start = 0;
-    std::size_t length = 0;
-};
 
 // The sample cut into fields: one row a transaction, `columns` cells wide.
 struct PreviewTable {
