@@ -91,6 +91,9 @@ CliParse parseCommandLine(const std::vector<std::string>& args) {
     app.add_option("--export-format", exportFormat, "Save the input format NAME in FILE (.tvfm)")
         ->expected(2)
         ->type_name("NAME FILE");
+    app.add_option("--learn", options.learn,
+                   "Learn a new input format NAME from the text statement, then convert with it")
+        ->type_name("NAME");
     std::string list;
     std::vector<std::string> lists(knowledgeLists().begin(), knowledgeLists().end());
     app.add_option("--list", list, "Print a list of the knowledge base")

@@ -45,6 +45,8 @@ struct CliOptions {
     std::optional<std::pair<std::string, std::string>> exportFormat;
     // --list instructions|descriptions|categories|accounts|securities|formats
     std::optional<std::string> list;
+    // --learn NAME: learn the input format NAME from the text statement before the run.
+    std::optional<std::string> learn;
 };
 
 struct CliParse {

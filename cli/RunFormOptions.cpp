@@ -81,6 +81,13 @@ std::optional<std::string> checkRunOptions(const CliOptions& options) {
     const RunOptions& run = options.run;
     if ((run.setsForm() || run.output) && !options.inputFile)
         return "the run options need a statement FILE to convert";
+    if (options.learn && !options.inputFile)
+        return "--learn needs the text statement FILE to learn the input format from";
+    if (options.learn && run.inputFormat)
+        return "--learn and --input-format both name the run's input format; give one of them";
+    if (options.learn)
+        if (auto problem = oneLineProblem("--learn", *options.learn))
+            return problem;
     if (run.qifType && !qifTypeIndex(*run.qifType))
         return "--qif-type: \"" + *run.qifType + "\" is not one of " + joined(qifTypeNames());
     if (run.ofxType && !ofxTypeIndex(*run.ofxType))

@@ -37,6 +37,13 @@ public:
     std::optional<std::string> chooseFileToSave(const FileChoice& choice) override;
     std::optional<std::string> chooseFileToAppendTo(const FileChoice& choice) override;
 
+    // The forms of the dialogue that learns an input format, and the name asked for a new
+    // format when no stored one fits (TerminalLearn*.cpp).
+    LearnAction learnDate(LearnDateForm& form) override;
+    LearnAction learnLayout(LearnLayoutForm& form) override;
+    LearnAction learnQuestion(LearnQuestionForm& form) override;
+    std::optional<std::string> nameForNewFormat();
+
     // The rename form of an imported input format: Return keeps the name, "." cancels; under
     // --batch the name is kept. True when the form was confirmed.
     bool renameFormat(RenameFormatForm& form);

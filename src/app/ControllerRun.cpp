@@ -9,6 +9,7 @@
 #include "app/RunSettings.h"
 #include "bank/QifInputTypes.h"
 #include "context/Context.h"
+#include "formats/Extract.h"
 #include "formats/ExtractKeys.h"
 #include "formats/OutputFormatKeys.h"
 #include "knowledge/Accounts.h"
@@ -48,12 +49,6 @@ ClearedOptions clearedOptionsFor(int gType) {
 
 bool startsWith(std::string_view text, std::string_view prefix) {
     return text.substr(0, prefix.size()) == prefix;
-}
-
-// Formats whose dates stand just after a line end read the copy that begins with one, so that
-// a date on the first line has its line end too.
-std::string textForFormat(const std::string& text, const Dictionary& format) {
-    return textOf(format, fmtkey::DateStart) == "\n" ? "\n" + text : text;
 }
 
 // A suggested file name never holds "/": dates in it are written with "-".
@@ -209,8 +204,8 @@ bool Controller::readTransactions(Date from, Date to) {
         }
         // Investment text is not read yet: it is refused as a format that does not fit.
         bool read = textOf(*format, fmtkey::FormatType) != fmtkey::Investment &&
-                    reader_.fromFormattedText(textForFormat(fileAsString, *format), *format, from,
-                                              to, warning_);
+                    reader_.fromFormattedText(textAsRead(fileAsString, *format), *format, from, to,
+                                              warning_);
         if (!read)
             statusAlert(text::invalidFormatTitle, text::invalidFormat, source);
         return read;
