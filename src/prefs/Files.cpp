@@ -40,6 +40,10 @@ void syncFolder(const std::filesystem::path& folder) {
 } // namespace
 
 std::optional<std::string> readWholeFile(const std::filesystem::path& path, std::size_t maxBytes) {
+    // A folder opens for reading here and then reads as nothing: call it unreadable instead.
+    std::error_code ec;
+    if (std::filesystem::is_directory(path, ec))
+        return std::nullopt;
     std::ifstream in(path, std::ios::binary);
     if (!in)
         return std::nullopt;

@@ -9,7 +9,8 @@
 
 namespace tavvel {
 
-// The file's bytes, or nothing when it cannot be opened or read, or is larger than maxBytes.
+// The file's bytes, or nothing when it cannot be opened or read, is a folder, or is larger
+// than maxBytes.
 std::optional<std::string> readWholeFile(const std::filesystem::path& path,
                                          std::size_t maxBytes = std::size_t{1} << 30);
 
