@@ -23,17 +23,18 @@ head -c $((50 * mb)) /dev/zero >"$work/zeros.bin"
 { printf '\xFF\xFE'; head -c $((25 * mb)) /dev/zero | tr '\0' 'x' | iconv -f ASCII -t UTF-16LE; } \
     >"$work/utf16.txt"
 
-printf '%-12s %9s %8s %10s %8s  %s\n' input "size MB" seconds "peak MB" "peak/size" title
+printf '%-12s %9s %8s %8s %10s %8s  %s\n' input "size MB" seconds "cpu s" "peak MB" "peak/size" title
 for name in random.bin line.txt zeros.bin utf16.txt; do
     file=$work/$name
     status=0
-    /usr/bin/time -f '%e %M' -o "$work/time" "$cli" --batch -o "$work/out.qif" "$file" \
+    /usr/bin/time -f '%e %U %S %M' -o "$work/time" "$cli" --batch -o "$work/out.qif" "$file" \
         </dev/null >/dev/null 2>"$work/err" || status=$?
     [ "$status" -eq 1 ] || { echo "$name: exit status $status, not 1" >&2; cat "$work/err" >&2; exit 1; }
     [ ! -e "$work/out.qif" ] || { echo "$name: an output file was written" >&2; exit 1; }
-    read -r seconds kb <"$work/time"
+    read -r seconds user system kb < <(tail -n 1 "$work/time") # after a "non-zero status" line
     size=$(stat -c %s "$file")
     title=$(grep -m1 -o '== .* ==' "$work/err" || echo "?")
-    awk -v n="$name" -v s="$size" -v t="$seconds" -v k="$kb" -v title="$title" 'BEGIN {
-        printf "%-12s %9.1f %8.2f %10.1f %8.2f  %s\n", n, s / 1048576, t, k / 1024, k * 1024 / s, title }'
+    awk -v n="$name" -v s="$size" -v t="$seconds" -v u="$user" -v y="$system" -v k="$kb" \
+        -v title="$title" 'BEGIN { printf "%-12s %9.1f %8.2f %8.2f %10.1f %8.2f  %s\n",
+        n, s / 1048576, t, u + y, k / 1024, k * 1024 / s, title }'
 done

@@ -84,6 +84,10 @@ std::optional<std::string> readWholeFile(const std::filesystem::path& path, std:
     if (!in)
         return std::nullopt;
     std::string bytes;
+    // Room for the whole file at once: growing by doubling would copy a big file several times
+    // and hold twice its size at the peak.
+    if (auto size = std::filesystem::file_size(path, ec); !ec && size <= maxBytes)
+        bytes.reserve(static_cast<std::size_t>(size));
     char buffer[65536];
     while (in.read(buffer, sizeof buffer) || in.gcount() > 0) {
         bytes.append(buffer, static_cast<std::size_t>(in.gcount()));
