@@ -68,8 +68,8 @@ int refuseRun(Context& ctx, const TvPrefs& before, const RunProblem& problem, st
     return problem.status;
 }
 
-// Some of the program's refusals speak of "the input" only; a command line may name many files
-// in turn, so the last line says which one was left alone.
+// Some of the program's refusals speak of "the input" only: the last line names the file that
+// was left alone.
 int notConverted(const fs::path& input, std::ostream& err) {
     err << "tavvel-cli: nothing was converted from \"" << input.filename().string() << "\".\n";
     return kExitRefused;
