@@ -136,6 +136,16 @@ std::string notText(const std::string& name) {
     return text.replace(text.find("%s"), 2, "File \"" + name + "\"");
 }
 
+// UTF-16 (low byte first) with no byte-order mark to say so.
+std::string withoutMark(std::u16string_view text) {
+    std::string bytes;
+    for (char16_t unit : text) {
+        bytes += static_cast<char>(unit & 0xFF);
+        bytes += static_cast<char>(unit >> 8);
+    }
+    return bytes;
+}
+
 // Random bytes used to hold something that read as a date often enough to go on to the run
 // form; they, and a statement buried in NUL bytes, are no text.
 TEST_F(HostileInput, BytesThatAreNoTextAreRefusedAsSuch) {
@@ -143,14 +153,7 @@ TEST_F(HostileInput, BytesThatAreNoTextAreRefusedAsSuch) {
          {std::pair<std::string, std::string>{"nul.txt", std::string(4096, '\0')},
           {"junk.bin", junk(1 << 20)},
           {"padded.qif", "!Type:Bank\nD1/2/2024\nT-5.00\n^\n" + std::string(64, '\0')},
-          {"no-mark.txt", std::string("D\0"
-                                      "1\0/\0"
-                                      "2\0/\0"
-                                      "2\0"
-                                      "0\0"
-                                      "2\0"
-                                      "4\0",
-                                      20)}}) {
+          {"no-mark.txt", withoutMark(u"D1/2/2024\r\nT-5.00\r\n")}}) {
         SCOPED_TRACE(name);
         dialogs.messages.clear();
         Message m = refusal(write(name, bytes));
