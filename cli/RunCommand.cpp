@@ -69,6 +69,13 @@ int refuseRun(Context& ctx, const TvPrefs& before, const RunProblem& problem, st
     return problem.status;
 }
 
+// Some of the program's refusals speak of "the input" only: the last line names the file that
+// was left alone.
+int notConverted(const fs::path& input, std::ostream& err) {
+    err << "tavvel-cli: nothing was converted from \"" << input.filename().string() << "\".\n";
+    return kExitRefused;
+}
+
 int process(Controller& controller, std::ostream& err) {
     RunEnd end = controller.processTheTransactions(true);
     if (end != RunEnd::cancelled)
@@ -113,14 +120,19 @@ int runConversion(Context& ctx, TerminalDialogs& dialogs, const CliOptions& opti
     TvPrefs before = ctx.prefs;
     Controller controller(ctx, dialogs);
     Intake intake = controller.actuallyProcessFile(input.string());
-    if (intake == Intake::refused || intake == Intake::imported)
-        return intake == Intake::refused ? kExitRefused : kExitOK;
-    if (intake == Intake::formReady)
-        if (auto problem = learnWhenWanted(controller, options, dialogs))
-            return refuseRun(ctx, before, *problem, err);
-    if (intake == Intake::formReady)
-        if (auto problem = fillRunForm(controller, run, ctx.output, err))
-            return refuseRun(ctx, before, *problem, err);
+    if (intake == Intake::refused)
+        return notConverted(input, err);
+    if (intake == Intake::imported)
+        return kExitOK;
+    if (intake == Intake::formReady) {
+        auto problem = learnWhenWanted(controller, options, dialogs);
+        if (!problem)
+            problem = fillRunForm(controller, run, ctx.output, err);
+        if (problem) {
+            int status = refuseRun(ctx, before, *problem, err);
+            return status == kExitRefused ? notConverted(input, err) : status;
+        }
+    }
     int status =
         intake == Intake::ranAtOnce ? statusOfAutomaticRun(controller) : process(controller, err);
     reportSkipped(dialogs, err);

@@ -1,4 +1,5 @@
-// Intake and classification. Stages: take the input (file, clipboard); replace NUL bytes;
+// Intake and classification. Stages: take the input (file, clipboard); a file that cannot be
+// read or holds no text is refused, UTF-16 becomes UTF-8; replace NUL bytes;
 // OFX when "OFXHEADER" occurs anywhere, else cut into lines, offer them to the QIF list
 // importer, find the head line and decide QIF or free text; refuse what cannot be processed;
 // prepare the run form, or run at once when asked to.
@@ -8,6 +9,7 @@
 #include "app/AppTexts.h"
 #include "app/Format.h"
 #include "app/ImportQuickenExport.h"
+#include "app/InputText.h"
 #include "context/Context.h"
 #include "knowledge/Accounts.h"
 #include "knowledge/Categories.h"
@@ -77,7 +79,13 @@ Intake Controller::actuallyProcessFile(const std::string& path) {
     continuationData.reset();
     source = formatMessage(text::sourceFile, file.filename().string());
     inputFrom = file.filename().string();
-    fileAsString = readWholeFile(file).value_or("");
+    auto bytes = readWholeFile(file);
+    if (!bytes)
+        return refuse(text::unreadableInputTitle, text::unreadableInput);
+    normaliseInputText(*bytes);
+    if (looksBinary(*bytes))
+        return refuse(text::invalidInputTitle, text::notText);
+    fileAsString = std::move(*bytes);
     return processInput();
 }
 

@@ -4,6 +4,7 @@
 #include "context/Context.h"
 #include "knowledge/Categories.h"
 #include "knowledge/KnowledgeAtStartUp.h"
+#include "prefs/Files.h"
 #include "prefs/Settings.h"
 #include "recognize/CalendarDate.h"
 #include "ui/Dialogs.h"
@@ -40,7 +41,8 @@ void firstRun(Context& ctx, Dialogs& dialogs) {
         return;
     fs::path theirs = TvPrefs::pathFor(ctx.places.prefsFolder, kPredecessorApplicationID);
     std::string text(text::firstRunIntroduction);
-    if (fs::exists(theirs, ec) && fs::copy_file(theirs, ours, ec))
+    // Copied whole or not at all: a half copy would be read as a damaged preference file.
+    if (fs::exists(theirs, ec) && copyFileAtomically(theirs, ours))
         text += text::firstRunPredecessorFound;
     dialogs.alert(std::string(text::firstRunTitle), text);
 }

@@ -1,5 +1,7 @@
 #include "knowledge/CaseFold.h"
 
+#include "recognize/Utf8.h"
+
 #include <unicode/uchar.h>
 
 namespace tavvel {
@@ -76,24 +78,10 @@ char32_t fold(char32_t c) {
 }
 
 void append(std::string& out, char32_t c) {
-    auto put = [&](unsigned v) { out.push_back(static_cast<char>(v)); };
     if (c >= kRawByte)
-        put(c - kRawByte);
-    else if (c < 0x80)
-        put(c);
-    else if (c < 0x800) {
-        put(0xC0 | (c >> 6));
-        put(0x80 | (c & 0x3F));
-    } else if (c < 0x10000) {
-        put(0xE0 | (c >> 12));
-        put(0x80 | ((c >> 6) & 0x3F));
-        put(0x80 | (c & 0x3F));
-    } else {
-        put(0xF0 | (c >> 18));
-        put(0x80 | ((c >> 12) & 0x3F));
-        put(0x80 | ((c >> 6) & 0x3F));
-        put(0x80 | (c & 0x3F));
-    }
+        out.push_back(static_cast<char>(c - kRawByte));
+    else
+        appendUtf8(out, c);
 }
 
 bool isAscii(std::string_view text) {

@@ -1,9 +1,12 @@
 #include "prefs/Files.h"
 
+#include <atomic>
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
 #include <fstream>
+#include <random>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace tavvel {
@@ -37,13 +40,54 @@ void syncFolder(const std::filesystem::path& folder) {
     ::close(fd);
 }
 
+// A new file beside the target, created as open() creates files, so that the umask decides
+// its mode (mkstemp would make every new file private). The name is unique to this call.
+int createTemporaryBeside(const std::filesystem::path& path, std::string& temp) {
+    static std::atomic<unsigned> counter{0};
+    std::random_device random;
+    for (int attempt = 0; attempt < 100; ++attempt) {
+        temp = path.string() + ".tmp-" + std::to_string(::getpid()) + "-" +
+               std::to_string(counter++) + "-" + std::to_string(random() % 1000000);
+        int fd = ::open(temp.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+        if (fd >= 0 || errno != EEXIST)
+            return fd;
+    }
+    return -1;
+}
+
+bool writeWithMode(const std::filesystem::path& path, std::string_view bytes,
+                   std::optional<mode_t> mode, std::string* error) {
+    std::string temp;
+    int fd = createTemporaryBeside(path, temp);
+    if (fd < 0)
+        return fail(error, "cannot create a temporary file beside " + path.string());
+    bool ok = (!mode || ::fchmod(fd, *mode) == 0) && writeAll(fd, bytes) && ::fsync(fd) == 0;
+    ok = (::close(fd) == 0) && ok;
+    if (!ok || ::rename(temp.c_str(), path.c_str()) != 0) {
+        int saved = errno;
+        ::unlink(temp.c_str());
+        errno = saved;
+        return fail(error, "cannot write " + path.string());
+    }
+    syncFolder(path.parent_path());
+    return true;
+}
+
 } // namespace
 
 std::optional<std::string> readWholeFile(const std::filesystem::path& path, std::size_t maxBytes) {
+    // A folder opens for reading here and then reads as nothing: call it unreadable instead.
+    std::error_code ec;
+    if (std::filesystem::is_directory(path, ec))
+        return std::nullopt;
     std::ifstream in(path, std::ios::binary);
     if (!in)
         return std::nullopt;
     std::string bytes;
+    // Room for the whole file at once: growing by doubling would copy a big file several times
+    // and hold twice its size at the peak.
+    if (auto size = std::filesystem::file_size(path, ec); !ec && size <= maxBytes)
+        bytes.reserve(static_cast<std::size_t>(size));
     char buffer[65536];
     while (in.read(buffer, sizeof buffer) || in.gcount() > 0) {
         bytes.append(buffer, static_cast<std::size_t>(in.gcount()));
@@ -57,20 +101,21 @@ std::optional<std::string> readWholeFile(const std::filesystem::path& path, std:
 
 bool writeFileAtomically(const std::filesystem::path& path, std::string_view bytes,
                          std::string* error) {
-    std::string temp = path.string() + ".tmp-XXXXXX";
-    int fd = ::mkstemp(temp.data());
-    if (fd < 0)
-        return fail(error, "cannot create a temporary file beside " + path.string());
-    bool ok = writeAll(fd, bytes) && ::fsync(fd) == 0;
-    ok = (::close(fd) == 0) && ok;
-    if (!ok || ::rename(temp.c_str(), path.c_str()) != 0) {
-        int saved = errno;
-        ::unlink(temp.c_str());
-        errno = saved;
-        return fail(error, "cannot write " + path.string());
-    }
-    syncFolder(path.parent_path());
-    return true;
+    // A file replaced keeps its permissions: a private file stays private.
+    struct stat existing {};
+    std::optional<mode_t> mode;
+    if (::stat(path.c_str(), &existing) == 0)
+        mode = existing.st_mode & 07777;
+    return writeWithMode(path, bytes, mode, error);
+}
+
+bool copyFileAtomically(const std::filesystem::path& from, const std::filesystem::path& to,
+                        std::string* error) {
+    struct stat source {};
+    auto bytes = readWholeFile(from);
+    if (!bytes || ::stat(from.c_str(), &source) != 0)
+        return fail(error, "cannot read " + from.string());
+    return writeWithMode(to, *bytes, source.st_mode & 07777, error);
 }
 
 } // namespace tavvel

@@ -1,5 +1,6 @@
 #include "prefs/PropertyList.h"
 
+#include "prefs/BinaryPropertyList.h"
 #include "prefs/Files.h"
 
 #include <algorithm>
@@ -183,9 +184,12 @@ std::optional<Value> decodePropertyList(std::string_view bytes, std::string* err
         return failWith("the file is too large");
     plist_t raw = nullptr;
     auto length = static_cast<uint32_t>(bytes.size());
-    if (plist_is_binary(bytes.data(), length))
+    if (plist_is_binary(bytes.data(), length)) {
+        // libplist would stop the program on a key holding a NUL byte: refuse those first.
+        if (binaryPropertyListHoldsNulInString(bytes))
+            return failWith("the file is not a property list");
         plist_from_bin(bytes.data(), length, &raw);
-    else if (looksLikeXml(bytes))
+    } else if (looksLikeXml(bytes))
         plist_from_xml(bytes.data(), length, &raw);
     Node node(raw);
     if (!node)

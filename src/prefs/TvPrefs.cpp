@@ -1,5 +1,6 @@
 #include "prefs/TvPrefs.h"
 
+#include "prefs/Files.h"
 #include "prefs/PropertyList.h"
 
 #include <cmath>
@@ -29,8 +30,8 @@ std::filesystem::path keepAside(const std::filesystem::path& file, Date now) {
         aside = file;
         aside += ".corrupt-" + utcStamp(now) + "-" + std::to_string(n);
     }
-    std::filesystem::copy_file(file, aside, ec);
-    return ec ? std::filesystem::path() : aside;
+    // Whole or not at all, like every other file the program writes.
+    return copyFileAtomically(file, aside) ? aside : std::filesystem::path();
 }
 
 } // namespace

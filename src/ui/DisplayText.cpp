@@ -1,5 +1,7 @@
 #include "ui/DisplayText.h"
 
+#include "recognize/Utf8.h"
+
 namespace tavvel {
 
 namespace {
@@ -20,19 +22,6 @@ std::size_t sequenceLength(unsigned char lead) {
     if (lead >= 0xF0 && lead <= 0xF4)
         return 4;
     return 0;
-}
-
-void appendUtf8(std::string& out, char16_t cp) {
-    if (cp < 0x80) {
-        out += static_cast<char>(cp);
-    } else if (cp < 0x800) {
-        out += static_cast<char>(0xC0 | (cp >> 6));
-        out += static_cast<char>(0x80 | (cp & 0x3F));
-    } else {
-        out += static_cast<char>(0xE0 | (cp >> 12));
-        out += static_cast<char>(0x80 | ((cp >> 6) & 0x3F));
-        out += static_cast<char>(0x80 | (cp & 0x3F));
-    }
 }
 
 } // namespace

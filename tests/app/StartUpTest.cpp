@@ -9,6 +9,7 @@
 #include "support/TestContext.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 namespace tavvel {
 namespace {
@@ -84,10 +85,16 @@ TEST(StartUp, PredecessorFileIsCopiedAndSaidSo) {
                         {"CheckForUpdates", Value(false)},
                         {"Instructions",
                          Value(Array{Value(Dictionary{{"descriptionMatch", Value("ACME")}})})}});
+    // A private file stays private through the copy and every later save.
+    ASSERT_EQ(0, ::chmod(theirs.c_str(), 0600));
     std::string theirBytes = *readWholeFile(theirs);
     ScriptedDialogs dialogs;
     dialogs.expectAlert("Tavvel First Run");
     awakeFromNib(t.ctx, dialogs);
+    t.ctx.prefs.synchronize();
+    struct stat ours {};
+    ASSERT_EQ(0, ::stat(prefsFile(t.ctx).c_str(), &ours));
+    EXPECT_EQ(ours.st_mode & 07777, 0600u);
 
     EXPECT_EQ(dialogs.shown()[0].text, std::string(text::firstRunIntroduction) +
                                            std::string(text::firstRunPredecessorFound));

@@ -83,6 +83,54 @@ TEST(PropertyList, HostileNestingIsRefused) {
     EXPECT_FALSE(decodePropertyList(deep));
 }
 
+// A binary property list holding one dictionary {key: 1}; `key` is the string object's bytes,
+// marker included, so that ASCII and UTF-16 keys can be built alike.
+std::string binaryDictionaryWithKey(std::string_view key) {
+    std::string bytes = "bplist00";
+    bytes += "\xD1\x01\x02"; // object 0: a dictionary of key 1 and value 2
+    bytes += key;            // object 1
+    bytes += "\x10\x01";     // object 2: the integer 1
+    auto table = static_cast<char>(bytes.size());
+    bytes += '\x08';
+    bytes += '\x0B';
+    bytes += static_cast<char>(0x0B + key.size());
+    bytes += std::string(6, '\0') + "\x01\x01";
+    bytes += std::string(7, '\0') + '\x03';
+    bytes += std::string(8, '\0');
+    bytes += std::string(7, '\0') + table;
+    return bytes;
+}
+
+TEST(PropertyList, KeyHoldingNulByteIsRefusedNotAborted) {
+    using namespace std::string_view_literals;
+    auto plain = decodePropertyList(binaryDictionaryWithKey("\x53"
+                                                            "abc"sv));
+    ASSERT_TRUE(plain);
+    EXPECT_EQ(plain->dictionary().at("abc"), Value(1));
+    auto utf16 = decodePropertyList(binaryDictionaryWithKey("\x62\0a\0b"sv));
+    ASSERT_TRUE(utf16);
+    EXPECT_EQ(utf16->dictionary().at("ab"), Value(1));
+
+    std::string why;
+    EXPECT_FALSE(decodePropertyList(binaryDictionaryWithKey("\x53"
+                                                            "a\0b"sv),
+                                    &why));
+    EXPECT_EQ(why, "the file is not a property list");
+    EXPECT_FALSE(decodePropertyList(binaryDictionaryWithKey("\x62\0a\0\0"sv)));
+    // A count written as a following integer object, as long strings have it.
+    EXPECT_FALSE(decodePropertyList(binaryDictionaryWithKey("\x5F\x10\x02"
+                                                            "a\0"sv)));
+
+    // The XML form: a NUL character reference is refused, a raw NUL byte ends the key.
+    const std::string head = "<?xml version=\"1.0\"?><plist version=\"1.0\"><dict><key>";
+    const std::string tail = "</key><integer>1</integer></dict></plist>";
+    EXPECT_FALSE(decodePropertyList(head + "a&#0;b" + tail));
+    EXPECT_FALSE(decodePropertyList(head + "a&#x0;b" + tail));
+    auto raw = decodePropertyList(head + std::string("a\0b", 3) + tail);
+    ASSERT_TRUE(raw);
+    EXPECT_EQ(raw->dictionary().size(), 1u);
+}
+
 TEST(Value, LenientConversionsAndRecordHelpers) {
     EXPECT_EQ(Value("12.5abc").toDouble(), 12.5);
     EXPECT_EQ(Value("7").toInteger(), 7);

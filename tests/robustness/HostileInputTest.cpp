@@ -11,6 +11,7 @@
 #include <fstream>
 #include <gtest/gtest.h>
 #include <set>
+#include <unistd.h>
 
 namespace tavvel {
 namespace {
@@ -100,11 +101,23 @@ TEST_F(HostileInput, EmptyFile) {
     EXPECT_EQ(m.text, "File \"empty.qif\" contains no QIF transactions to process.");
 }
 
-TEST_F(HostileInput, Directory) {
+TEST_F(HostileInput, FolderIsUnreadableNotEmpty) {
     std::filesystem::create_directory(t.folder.path() / "folder.qif");
     Message m = refusal(t.folder.path() / "folder.qif");
-    EXPECT_EQ(m.title, "No Transactions");
-    EXPECT_EQ(m.text, "File \"folder.qif\" contains no QIF transactions to process.");
+    EXPECT_EQ(m.title, "Cannot Read File");
+    EXPECT_EQ(m.text, "File \"folder.qif\" cannot be read.  Check that it is a file and that you "
+                      "may open it.");
+}
+
+TEST_F(HostileInput, FileWithoutReadPermission) {
+    if (::geteuid() == 0)
+        GTEST_SKIP() << "root reads files whatever their mode";
+    auto file = write("locked.qif", "!Type:Bank\nD1/2/2024\nT-5.00\n^\n");
+    std::filesystem::permissions(file, std::filesystem::perms::none);
+    Message m = refusal(file);
+    EXPECT_EQ(m.title, "Cannot Read File");
+    EXPECT_EQ(m.text, "File \"locked.qif\" cannot be read.  Check that it is a file and that you "
+                      "may open it.");
 }
 
 TEST_F(HostileInput, OneMegabyteLineWithoutADate) {
@@ -114,19 +127,48 @@ TEST_F(HostileInput, OneMegabyteLineWithoutADate) {
                       "cannot be processed.");
 }
 
-TEST_F(HostileInput, NulBytes) {
-    Message m = refusal(write("nul.txt", std::string(4096, '\0')));
-    EXPECT_EQ(m.title, "Invalid Input");
+constexpr const char* kNotText =
+    "%s does not contain text; it cannot be processed.  Tavvel reads bank statements saved as "
+    "OFX, QFX, QIF or text.";
+
+std::string notText(const std::string& name) {
+    std::string text = kNotText;
+    return text.replace(text.find("%s"), 2, "File \"" + name + "\"");
 }
 
-// Random bytes hold something that reads as a date often enough to go on to the run form;
-// whatever classification decides, nothing may be written.
-TEST_F(HostileInput, BinaryJunkWritesNothing) {
-    auto file = write("junk.bin", junk(1 << 20));
-    auto before = filesIn(t.folder.path());
+// UTF-16 (low byte first) with no byte-order mark to say so.
+std::string withoutMark(std::u16string_view text) {
+    std::string bytes;
+    for (char16_t unit : text) {
+        bytes += static_cast<char>(unit & 0xFF);
+        bytes += static_cast<char>(unit >> 8);
+    }
+    return bytes;
+}
+
+// Random bytes used to hold something that read as a date often enough to go on to the run
+// form; they, and a statement buried in NUL bytes, are no text.
+TEST_F(HostileInput, BytesThatAreNoTextAreRefusedAsSuch) {
+    for (const auto& [name, bytes] :
+         {std::pair<std::string, std::string>{"nul.txt", std::string(4096, '\0')},
+          {"junk.bin", junk(1 << 20)},
+          {"padded.qif", "!Type:Bank\nD1/2/2024\nT-5.00\n^\n" + std::string(64, '\0')},
+          {"no-mark.txt", withoutMark(u"D1/2/2024\r\nT-5.00\r\n")}}) {
+        SCOPED_TRACE(name);
+        dialogs.messages.clear();
+        Message m = refusal(write(name, bytes));
+        EXPECT_EQ(m.title, "Invalid Input");
+        EXPECT_EQ(m.text, notText(name));
+    }
+}
+
+// A stray NUL in a statement is no reason to refuse it: it reads as a blank.
+TEST_F(HostileInput, StrayNulInTextIsABlank) {
+    std::string text = "!Type:Bank\nD1/2/2024\nT-5.00\nPCORNER\0SHOP\n^\n";
     Controller controller(t.ctx, dialogs);
-    controller.actuallyProcessFile(file.string());
-    EXPECT_EQ(filesIn(t.folder.path()), before);
+    EXPECT_NE(controller.actuallyProcessFile(write("stray.qif", text).string()), Intake::refused);
+    EXPECT_TRUE(dialogs.messages.empty());
+    EXPECT_EQ(controller.fileAsString.find('\0'), std::string::npos);
 }
 
 TEST_F(HostileInput, OfxTruncatedInsideATag) {

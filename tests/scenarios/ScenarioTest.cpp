@@ -77,6 +77,39 @@ std::pair<std::string, std::string> split(const std::string& text, const std::st
     return {text.substr(0, at), text.substr(at + by.size())};
 }
 
+// UTF-8 text (up to three-byte sequences) as UTF-16 with a byte-order mark.
+std::string toUtf16(const std::string& text, bool bigEndian) {
+    std::string out = bigEndian ? "\xFE\xFF" : "\xFF\xFE";
+    for (std::size_t i = 0; i < text.size();) {
+        auto c = static_cast<unsigned char>(text[i]);
+        std::size_t length = c < 0x80 ? 1 : c < 0xE0 ? 2 : 3;
+        unsigned unit = length == 1 ? c : c & (length == 2 ? 0x1F : 0x0F);
+        for (std::size_t k = 1; k < length && i + k < text.size(); ++k)
+            unit = unit << 6 | (static_cast<unsigned char>(text[i + k]) & 0x3F);
+        i += length;
+        char hi = static_cast<char>(unit >> 8), lo = static_cast<char>(unit & 0xFF);
+        out += bigEndian ? hi : lo;
+        out += bigEndian ? lo : hi;
+    }
+    return out;
+}
+
+// The input section's bytes as the flags after its name ask: crlf, then utf16le, utf16be or
+// utf8-mark, then nul-padded.
+std::string inputBytes(const std::string& body, const std::string& flags) {
+    auto has = [&](std::string_view flag) {
+        return (" " + flags + " ").find(" " + std::string(flag) + " ") != std::string::npos;
+    };
+    std::string bytes = has("crlf") ? toCrlf(body) : body;
+    if (has("utf16le") || has("utf16be"))
+        bytes = toUtf16(bytes, has("utf16be"));
+    if (has("utf8-mark"))
+        bytes = "\xEF\xBB\xBF" + bytes;
+    if (has("nul-padded"))
+        bytes += std::string(64, '\0');
+    return bytes;
+}
+
 Array list(const std::string& text, const std::string& by = "|") {
     Array out;
     std::string rest = text;
@@ -369,8 +402,7 @@ void Scenario::run() {
 
     const Section& input = *byName["input"];
     std::string name = split(input.argument, " ").first;
-    std::string bytes =
-        split(input.argument, " ").second == "crlf" ? toCrlf(input.body) : input.body;
+    std::string bytes = inputBytes(input.body, split(input.argument, " ").second);
     fs::path statement = t_.folder.path() / name;
     output_ = t_.folder.path() / "out" / "output.qif";
     continuation_ = t_.folder.path() / "out" / "later.tvcn";

@@ -1,0 +1,76 @@
+#include "app/InputText.h"
+
+#include "recognize/Utf8.h"
+
+#include <cstdint>
+#include <string_view>
+
+namespace tavvel {
+
+namespace {
+
+constexpr char32_t kReplacement = 0xFFFD;
+
+// The UTF-8 form of UTF-16 code units after the byte-order mark. A lone surrogate becomes
+// the replacement character; an odd last byte is dropped.
+std::string utf16ToUtf8(std::string_view units, bool bigEndian) {
+    auto unitAt = [&](std::size_t i) -> char16_t {
+        auto hi = static_cast<unsigned char>(units[bigEndian ? i : i + 1]);
+        auto lo = static_cast<unsigned char>(units[bigEndian ? i + 1 : i]);
+        return static_cast<char16_t>(hi << 8 | lo);
+    };
+    std::string out;
+    out.reserve(units.size() + units.size() / 2);
+    std::size_t count = units.size() / 2 * 2;
+    for (std::size_t i = 0; i < count; i += 2) {
+        char16_t unit = unitAt(i);
+        if (unit < 0xD800 || unit > 0xDFFF) {
+            appendUtf8(out, unit);
+            continue;
+        }
+        char16_t next = i + 2 < count ? unitAt(i + 2) : 0;
+        if (unit <= 0xDBFF && next >= 0xDC00 && next <= 0xDFFF) {
+            appendUtf8(out, 0x10000 + ((char32_t{unit} - 0xD800) << 10) + (next - 0xDC00));
+            i += 2;
+        } else {
+            appendUtf8(out, kReplacement);
+        }
+    }
+    return out;
+}
+
+bool isControl(unsigned char c) {
+    switch (c) {
+    case '\t':
+    case '\n':
+    case '\v':
+    case '\f':
+    case '\r':
+    case 0x1A:
+        return false;
+    default:
+        return c < 0x20 || c == 0x7F;
+    }
+}
+
+} // namespace
+
+void normaliseInputText(std::string& bytes) {
+    std::string_view view(bytes);
+    if (view.starts_with("\xFF\xFE"))
+        bytes = utf16ToUtf8(view.substr(2), false);
+    else if (view.starts_with("\xFE\xFF"))
+        bytes = utf16ToUtf8(view.substr(2), true);
+    else if (view.starts_with("\xEF\xBB\xBF"))
+        bytes.erase(0, 3);
+}
+
+bool looksBinary(const std::string& bytes) {
+    std::size_t controls = 0;
+    for (char c : bytes)
+        controls += isControl(static_cast<unsigned char>(c)) ? 1 : 0;
+    // Real statements hold next to none; random bytes about one in ten.
+    return controls > bytes.size() / 16;
+}
+
+} // namespace tavvel

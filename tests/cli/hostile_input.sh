@@ -1,0 +1,104 @@
+#!/usr/bin/env bash
+# Inputs no bank sends on purpose, through tavvel-cli --batch: each exits 1 with its title and a
+# message naming the file, and leaves the output file and the store as they were. Text in UTF-16
+# with a byte-order mark is not hostile: it converts like the same text in UTF-8. Big inputs
+# are made here and removed at exit; the 200 MB and 50 MB cases are in bench/hostile_inputs.sh.
+source "$(dirname "$0")/lib/setup.bash" "$1"
+first_start
+
+# refused NAME TITLE MESSAGE: the input $tmp/NAME is refused with the title and message; the
+# output file and the store are left alone.
+refused() {
+    printf 'keep me\n' >"$tmp/kept.qif"
+    cp "$prefs" "$tmp/prefs-before"
+    run 1 --batch -o "$tmp/kept.qif" "$tmp/$1"
+    said "== $2 ==" "$3" "tavvel-cli: nothing was converted from \"$1\"."
+    same "$tmp/kept.qif" $'keep me\n'
+    # Only the folder of the last input is remembered.
+    diff <(grep -v "$tmp" "$tmp/prefs-before") <(grep -v "$tmp" "$prefs") >&2 ||
+        fail "$1 changed the store"
+}
+not_text() { echo "File \"$1\" does not contain text; it cannot be processed.  Tavvel reads bank \
+statements saved as OFX, QFX, QIF or text."; }
+
+: >"$tmp/empty.qif"
+refused empty.qif "No Transactions" "File \"empty.qif\" contains no QIF transactions to process."
+
+# A folder is stopped by the command line's own check, as a usage error.
+mkdir "$tmp/folder.qif"
+printf 'keep me\n' >"$tmp/kept.qif"
+run 2 --batch -o "$tmp/kept.qif" "$tmp/folder.qif"
+said "File is actually a directory: $tmp/folder.qif"
+same "$tmp/kept.qif" $'keep me\n'
+
+if [ "$(id -u)" -ne 0 ]; then # root reads a file whatever its mode
+    printf '!Type:Bank\nD1/2/2024\nT-5.00\n^\n' >"$tmp/locked.qif"
+    chmod 000 "$tmp/locked.qif"
+    refused locked.qif "Cannot Read File" "File \"locked.qif\" cannot be read.  Check that it is \
+a file and that you may open it."
+fi
+
+head -c 4194304 /dev/urandom >"$tmp/random.bin"
+refused random.bin "Invalid Input" "$(not_text random.bin)"
+
+head -c 65536 /dev/zero >"$tmp/zeros.txt"
+refused zeros.txt "Invalid Input" "$(not_text zeros.txt)"
+
+head -c 4194304 /dev/zero | tr '\0' 'x' >"$tmp/line.txt"
+refused line.txt "Invalid Input" "The input is not in QIF format, and does not appear to \
+contain a date.  It cannot be processed."
+
+ofx='OFXHEADER:100\r\nDATA:OFXSGML\r\n\r\n<OFX><SIGNONMSGSRSV1><SONRS></SONRS></SIGNONMSGSRSV1>'
+printf "$ofx<BANKMSG" >"$tmp/cut.ofx"
+refused cut.ofx "Invalid Input" "File \"cut.ofx\" appears to contain QFX/OFX but does not \
+represent Bank or Credit Card transactions; it cannot be processed."
+# Cut inside a transaction's tag: that transaction is an error record, skipped under --batch,
+# and with nothing left to write the output file stays as it was.
+printf "$ofx<BANKMSGSRSV1><STMTTRNRS><STMTRS><BANKACCTFROM><ACCTID>12345</ACCTID></BANKACCTFROM>\
+<BANKTRANLIST><STMTTRN><TRNTYPE>DEBIT<DTPOS" >"$tmp/cut-inside.ofx"
+printf 'keep me\n' >"$tmp/kept.qif"
+run 0 --batch -o "$tmp/kept.qif" "$tmp/cut-inside.ofx"
+said "== Error ==" "The following OFX transaction does not contain a date; it cannot be processed: \
+<TRNTYPE>DEBIT<DTPOS" "No transactions output." "tavvel-cli: 1 error record skipped."
+same "$tmp/kept.qif" $'keep me\n'
+
+# Nothing reads a continuation file back yet: a broken one is refused as a statement.
+head -c 8192 /dev/urandom >"$tmp/junk.tvcn"
+refused junk.tvcn "Invalid Input" "$(not_text junk.tvcn)"
+printf '<?xml version="1.0"?>\n<plist version="1.0"><array><string>x</string></array></plist>\n' \
+    >"$tmp/list.tvcn"
+printf 'keep me\n' >"$tmp/kept.qif"
+run 1 --batch -o "$tmp/kept.qif" "$tmp/list.tvcn"
+said "tavvel-cli: no stored input format fits this text, so it cannot be read" \
+    "tavvel-cli: nothing was converted from \"list.tvcn\"."
+same "$tmp/kept.qif" $'keep me\n'
+
+# Format files: garbage, and a property list of the wrong shape.
+for name in junk list; do
+    cp "$prefs" "$tmp/prefs-before"
+    case $name in
+    junk) head -c 8192 /dev/urandom >"$tmp/$name.tvfm" ;;
+    list) cp "$tmp/list.tvcn" "$tmp/$name.tvfm" ;;
+    esac
+    run 1 --batch "$tmp/$name.tvfm"
+    said "$name.tvfm"
+    cmp -s "$prefs" "$tmp/prefs-before" || fail "$name.tvfm changed the store"
+done
+said "it does not hold a format record"
+
+# UTF-16 with a byte-order mark, either order, and UTF-8 with one, convert like plain text.
+printf '%s\r\n' '!Type:Bank' 'D1/02/2024' 'T-42.17' 'PCAFÉ CORNER' '^' >"$tmp/plain.qif"
+run 0 --batch -o "$tmp/plain-out.qif" "$tmp/plain.qif"
+expected=$(cat "$tmp/plain-out.qif")
+for encoding in UTF-16LE UTF-16BE UTF-8; do
+    { case $encoding in
+        UTF-16LE) printf '\xFF\xFE' ;;
+        UTF-16BE) printf '\xFE\xFF' ;;
+        UTF-8) printf '\xEF\xBB\xBF' ;;
+        esac
+        iconv -f UTF-8 -t "$encoding" "$tmp/plain.qif"; } >"$tmp/$encoding.qif"
+    run 0 --batch -o "$tmp/$encoding-out.qif" "$tmp/$encoding.qif"
+    same "$tmp/$encoding-out.qif" "$expected"$'\n'
+    said "1 transaction output to file \"$encoding-out.qif\"."
+done
+echo "hostile input: ok"

@@ -1,0 +1,105 @@
+// Whole-file writing: what the permissions of a written file are and what a failed write
+// leaves behind.
+#include "prefs/Files.h"
+
+#include "support/TestContext.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+namespace tavvel {
+namespace {
+
+namespace fs = std::filesystem;
+
+mode_t modeOf(const fs::path& file) {
+    struct stat st {};
+    EXPECT_EQ(0, ::stat(file.c_str(), &st)) << file;
+    return st.st_mode & 07777;
+}
+
+std::vector<std::string> namesIn(const fs::path& folder) {
+    std::vector<std::string> names;
+    for (const auto& entry : fs::directory_iterator(folder))
+        names.push_back(entry.path().filename().string());
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+// Sets the umask for one test and puts the old one back.
+class Umask {
+public:
+    explicit Umask(mode_t mask) : old_(::umask(mask)) {}
+    ~Umask() { ::umask(old_); }
+    Umask(const Umask&) = delete;
+    Umask& operator=(const Umask&) = delete;
+
+private:
+    mode_t old_;
+};
+
+TEST(Files, NewFileGetsTheModeTheUmaskLeaves) {
+    test::TempFolder folder;
+    {
+        Umask mask(022);
+        ASSERT_TRUE(writeFileAtomically(folder.path() / "shared", "a"));
+    }
+    {
+        Umask mask(027);
+        ASSERT_TRUE(writeFileAtomically(folder.path() / "group", "a"));
+    }
+    EXPECT_EQ(modeOf(folder.path() / "shared"), 0644u);
+    EXPECT_EQ(modeOf(folder.path() / "group"), 0640u);
+}
+
+TEST(Files, ReplacingAFileKeepsItsPermissions) {
+    test::TempFolder folder;
+    Umask mask(022);
+    fs::path file = folder.path() / "private.prefs";
+    ASSERT_TRUE(writeFileAtomically(file, "old"));
+    ASSERT_EQ(0, ::chmod(file.c_str(), 0600));
+    ASSERT_TRUE(writeFileAtomically(file, "new"));
+    EXPECT_EQ(modeOf(file), 0600u);
+    ASSERT_EQ(0, ::chmod(file.c_str(), 0664));
+    ASSERT_TRUE(writeFileAtomically(file, "newer"));
+    EXPECT_EQ(modeOf(file), 0664u);
+    EXPECT_EQ(*readWholeFile(file), "newer");
+}
+
+TEST(Files, FailedWriteLeavesNoTemporaryFile) {
+    test::TempFolder folder;
+    // A folder in the way: the rename over it fails after the bytes were written.
+    fs::create_directories(folder.path() / "taken" / "inside");
+    std::string error;
+    EXPECT_FALSE(writeFileAtomically(folder.path() / "taken", "bytes", &error));
+    EXPECT_NE(error.find("cannot write"), std::string::npos) << error;
+    EXPECT_EQ(namesIn(folder.path()), std::vector<std::string>{"taken"});
+
+    EXPECT_FALSE(writeFileAtomically(folder.path() / "absent" / "file", "bytes", &error));
+    EXPECT_NE(error.find("cannot create a temporary file"), std::string::npos) << error;
+    EXPECT_EQ(namesIn(folder.path()), std::vector<std::string>{"taken"});
+}
+
+TEST(Files, CopyIsWholeWithTheOriginalsPermissions) {
+    test::TempFolder folder;
+    Umask mask(022);
+    fs::path theirs = folder.path() / "theirs";
+    ASSERT_TRUE(writeFileAtomically(theirs, std::string("a\0b", 3)));
+    ASSERT_EQ(0, ::chmod(theirs.c_str(), 0600));
+    ASSERT_TRUE(copyFileAtomically(theirs, folder.path() / "ours"));
+    EXPECT_EQ(*readWholeFile(folder.path() / "ours"), std::string("a\0b", 3));
+    EXPECT_EQ(modeOf(folder.path() / "ours"), 0600u);
+
+    EXPECT_FALSE(copyFileAtomically(folder.path() / "missing", folder.path() / "none"));
+    EXPECT_EQ(namesIn(folder.path()), (std::vector<std::string>{"ours", "theirs"}));
+}
+
+TEST(Files, AFolderIsNotReadAsAnEmptyFile) {
+    test::TempFolder folder;
+    EXPECT_FALSE(readWholeFile(folder.path()));
+    ASSERT_TRUE(writeFileAtomically(folder.path() / "empty", ""));
+    EXPECT_EQ(readWholeFile(folder.path() / "empty"), std::string());
+}
+
+} // namespace
+} // namespace tavvel
