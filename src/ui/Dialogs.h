@@ -76,6 +76,10 @@ public:
     virtual ConfirmAction confirmTransaction(ConfirmForm& form);
     // The new-instruction form; a front end that never asks outputs the transaction as read.
     virtual NewInstructionAction newInstruction(NewInstructionForm& form);
+    // True for a front end that never asks and keeps both forms' defaults: OK for the
+    // confirmation form as filled, output as read for the new-instruction form. No answer can
+    // then lead back to an earlier transaction or leave the run for later.
+    virtual bool acceptsFormsAsShown() const { return false; }
 
     // File panels: the chosen path, or nothing when the user cancelled.
     virtual std::optional<std::string> chooseFileToOpen(const FileChoice& choice) = 0;
