@@ -44,6 +44,10 @@ std::optional<std::string> readWholeFile(const std::filesystem::path& path, std:
     if (!in)
         return std::nullopt;
     std::string bytes;
+    // Sized once: grown by doubling, a statement's text would hold up to twice its size.
+    std::error_code error;
+    if (auto size = std::filesystem::file_size(path, error); !error && size <= maxBytes)
+        bytes.reserve(static_cast<std::size_t>(size));
     char buffer[65536];
     while (in.read(buffer, sizeof buffer) || in.gcount() > 0) {
         bytes.append(buffer, static_cast<std::size_t>(in.gcount()));
