@@ -124,6 +124,7 @@ public:
         return {true, false};
     }
     CancelAnswer cancelQuestion() override { return {CancelChoice::stopNow, false}; }
+    bool acceptsFormsAsShown() const override { return true; }
     std::optional<std::string> chooseFileToOpen(const FileChoice&) override { return {}; }
     std::optional<std::string> chooseFileToSave(const FileChoice&) override { return {}; }
     std::optional<std::string> chooseFileToAppendTo(const FileChoice&) override { return {}; }
@@ -163,6 +164,7 @@ template <typename Read> std::size_t readAndWrite(Read read, std::string& output
     auto ctx = convertingContext();
     SilentDialogs dialogs;
     BankingCreditCardQIF reader(*ctx);
+    reader.recordsOnDemand = true; // as a run reads text
     read(reader);
     OutputFormats writer(*ctx, dialogs);
     writer.chooseFormat("QIF");

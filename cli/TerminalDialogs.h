@@ -33,6 +33,7 @@ public:
     // confirmation form) or output as read (the new-instruction form), without a word.
     ConfirmAction confirmTransaction(ConfirmForm& form) override;
     NewInstructionAction newInstruction(NewInstructionForm& form) override;
+    bool acceptsFormsAsShown() const override { return batch_; }
     std::optional<std::string> chooseFileToOpen(const FileChoice& choice) override;
     std::optional<std::string> chooseFileToSave(const FileChoice& choice) override;
     std::optional<std::string> chooseFileToAppendTo(const FileChoice& choice) override;

@@ -196,6 +196,7 @@ void Controller::recordRunSettings(std::optional<Date> from, std::optional<Date>
 
 bool Controller::readTransactions(Date from, Date to) {
     reader_.qifInputTypeTag = doingExtract ? 0 : qifInputTypeTag(form_.qifType);
+    reader_.recordsOnDemand = true;
     if (doingExtract) {
         std::optional<Dictionary> format = Formats(ctx_.prefs).formatForName(form_.inputFormatName);
         if (!format) {

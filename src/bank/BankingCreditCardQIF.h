@@ -3,7 +3,9 @@
 // of transaction records (`qif`) that the instruction engine walks, and prepares amounts and
 // splits for output.
 
+#include "bank/PendingRecords.h"
 #include "prefs/Value.h"
+#include "ui/ConfirmForm.h"
 
 #include <cstddef>
 #include <optional>
@@ -13,7 +15,7 @@
 
 namespace tavvel {
 
-class ConfirmForm;
+struct BankOutput;
 class Context;
 class Dialogs;
 class ErrorWarning;
@@ -79,6 +81,9 @@ public:
     int qifInputTypeTag = 0;
 
     std::vector<Dictionary> qif;
+    // Text statements: a record is made when the walk reaches it (or the walk is left for
+    // later); until then its place in `qif` is empty. Off, every record is made while reading.
+    bool recordsOnDemand = false;
     std::size_t currentTransactionIndex = 0;
     std::size_t maxTransactionIndex = 0;
     bool mustConfirm = false;
@@ -107,6 +112,9 @@ private:
                     OutputFormats& writer, const WalkOptions& options);
     Step decide(Walk& walk, Prepared& p, Dictionary& record);
     Step confirm(Walk& walk, Prepared& p, Dictionary& record);
+    ConfirmForm::Setup confirmSetup(const Walk& walk, const Prepared& p,
+                                    const Dictionary& record) const;
+    bool writeAccepted(Walk& walk, const Dictionary& record, const BankOutput& out);
     Step confirmed(Walk& walk, Prepared& p, Dictionary& record, ConfirmForm& form);
     Step newInstruction(Walk& walk, Prepared& p, Dictionary& record,
                         std::optional<std::string> prompt, std::string matched, bool addAmountOnly);
@@ -114,7 +122,10 @@ private:
     Step back();
     void outputWithInstruction(Walk& walk, const Prepared& p, Dictionary& record);
     std::string categoryFor(const Dictionary& record, const std::string& ruleCategory) const;
-    Dictionary continuation(const std::string& output) const;
+    Dictionary continuation(const std::string& output);
+    void addRecord(const PendingRecords::Texts& texts);
+    Dictionary& transactionAt(std::size_t i);
+    void letGo(std::size_t i, const Walk& walk);
 
     Dictionary instruction_;
     std::optional<Dictionary> amountInstruction_;
@@ -130,6 +141,7 @@ private:
     std::optional<Dictionary> readOFXTransaction(std::string_view piece, std::string_view text,
                                                  Date fromDate, Date toDate) const;
 
+    PendingRecords pending_;
     Context& ctx_;
 };
 

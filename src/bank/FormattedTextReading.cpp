@@ -6,7 +6,6 @@
 
 #include "bank/BankTexts.h"
 #include "bank/BankingCreditCardQIF.h"
-#include "bank/TransactionKeys.h"
 #include "context/Context.h"
 #include "formats/Extract.h"
 #include "formats/ExtractKeys.h"
@@ -72,10 +71,9 @@ const std::string* field(std::optional<std::int64_t> at, const Fields& fields) {
     return &fields[static_cast<std::size_t>(*at)];
 }
 
-void addColumn(Dictionary& record, std::string_view key, std::optional<std::int64_t> at,
-               const Fields& fields) {
-    if (const std::string* value = field(at, fields))
-        record.insert_or_assign(std::string(key), Value(*value));
+std::optional<std::string_view> column(std::optional<std::int64_t> at, const Fields& fields) {
+    const std::string* value = field(at, fields);
+    return value ? std::optional<std::string_view>(*value) : std::nullopt;
 }
 
 FoundAmount readAmount(std::string_view amount) {
@@ -126,19 +124,20 @@ std::string printedAmount(double value, int precision) {
     return error == std::errc() ? std::string(buffer, end) : std::string();
 }
 
-// Nothing when the Date column lies beyond the transaction's fields.
-std::optional<Dictionary> recordFrom(const Fields& fields, const Columns& columns, int precision) {
-    const std::string* date = field(columns.date, fields);
+// The record's texts (in PendingRecords' order); nothing when the Date column lies beyond the
+// transaction's fields. The amount is printed into `amount`, which the texts then point into.
+std::optional<PendingRecords::Texts> textsFrom(const Fields& fields, const Columns& columns,
+                                               int precision, std::string& amount) {
+    std::optional<std::string_view> date = column(columns.date, fields);
     if (!date)
         return std::nullopt;
-    Dictionary record{{std::string(txkey::date), Value(*date)}};
-    addColumn(record, txkey::number, columns.check, fields);
-    addColumn(record, txkey::description, columns.description, fields);
-    addColumn(record, txkey::memo, columns.memo, fields);
-    addColumn(record, txkey::category, columns.category, fields);
-    record.emplace(std::string(txkey::amount),
-                   Value(printedAmount(amountOf(columns, fields), precision)));
-    return record;
+    amount = printedAmount(amountOf(columns, fields), precision);
+    return PendingRecords::Texts{date,
+                                 column(columns.check, fields),
+                                 column(columns.description, fields),
+                                 column(columns.memo, fields),
+                                 column(columns.category, fields),
+                                 std::string_view(amount)};
 }
 
 bool isEngineError(const Fields& fields) {
@@ -160,6 +159,15 @@ std::pair<std::string, std::string> problemOf(const Fields& fields, std::string_
 
 } // namespace
 
+void BankingCreditCardQIF::addRecord(const PendingRecords::Texts& texts) {
+    if (!recordsOnDemand) {
+        qif.push_back(PendingRecords::recordOf(texts));
+        return;
+    }
+    qif.emplace_back();
+    pending_.add(texts);
+}
+
 bool BankingCreditCardQIF::fromFormattedText(std::string_view text, const Dictionary& format,
                                              Date fromDate, Date toDate, ErrorWarning& warning) {
     Extract extract(ctx_);
@@ -173,11 +181,12 @@ bool BankingCreditCardQIF::fromFormattedText(std::string_view text, const Dictio
     const int precision = amountPrecision(ctx_.prefs);
     const Columns columns(format);
     const std::string skip(text::skipTransaction);
+    std::string amount;
     while (const Fields* fields = extract.nextTransactionUsingFormat(format, fromDate, toDate)) {
-        std::optional<Dictionary> record =
-            isEngineError(*fields) ? std::nullopt : recordFrom(*fields, columns, precision);
-        if (record) {
-            qif.push_back(std::move(*record));
+        std::optional<PendingRecords::Texts> texts =
+            isEngineError(*fields) ? std::nullopt : textsFrom(*fields, columns, precision, amount);
+        if (texts) {
+            addRecord(*texts);
             continue;
         }
         auto [message, offending] = problemOf(*fields, extract.currentTransactionText());

@@ -91,6 +91,7 @@ bool BankingCreditCardQIF::addField(std::string_view key, std::string_view ofxLa
 
 void BankingCreditCardQIF::startReading() {
     qif.clear();
+    pending_.clear();
     mustConfirm = optionOn(ctx_.prefs, option::confirmAllTransactions);
     doingInvestmentBankingTransaction = false;
     splits.reset();

@@ -14,6 +14,7 @@
 #include "knowledge/Instructions.h"
 #include "knowledge/KnowledgeKeys.h"
 #include "prefs/Settings.h"
+#include "ui/Dialogs.h"
 #include "ui/RunHelpers.h"
 
 #include <cctype>
@@ -229,8 +230,21 @@ BankingCreditCardQIF::Step BankingCreditCardQIF::decide(Walk& walk, Prepared& p,
     return Step::advanced;
 }
 
+Dictionary& BankingCreditCardQIF::transactionAt(std::size_t i) {
+    if (pending_.pending(i))
+        qif[i] = pending_.take(i);
+    return qif[i];
+}
+
+// When no answer can lead back to a transaction or leave the walk for later, nothing reads
+// a walked record again.
+void BankingCreditCardQIF::letGo(std::size_t i, const Walk& walk) {
+    if (walk.dialogs.acceptsFormsAsShown())
+        Dictionary().swap(qif[i]);
+}
+
 BankingCreditCardQIF::Step BankingCreditCardQIF::step(Walk& walk) {
-    Dictionary& record = qif[currentTransactionIndex];
+    Dictionary& record = transactionAt(currentTransactionIndex);
     if (has(record, txkey::errorMessage)) {
         int pressed =
             walk.warning.warn(walk.options.inputFormat, textOf(record, txkey::errorMessage),
@@ -265,6 +279,7 @@ WalkResult BankingCreditCardQIF::processInstructionsAndAppendToString(
             ++numberOfTransactionsAppended;
             [[fallthrough]];
         case Step::skipped:
+            letGo(currentTransactionIndex, walk);
             ++currentTransactionIndex;
             extractedCheckNumber.reset();
             changedDescription.clear();

@@ -45,9 +45,8 @@ std::string formMemo(const std::optional<Dictionary>& amount, const Dictionary& 
 
 } // namespace
 
-BankingCreditCardQIF::Step BankingCreditCardQIF::confirm(Walk& walk, Prepared& p,
-                                                         Dictionary& record) {
-    redisplayConfirm_ = false;
+ConfirmForm::Setup BankingCreditCardQIF::confirmSetup(const Walk& walk, const Prepared& p,
+                                                      const Dictionary& record) const {
     const TvPrefs& prefs = ctx_.prefs;
     ConfirmForm::Setup setup;
     setup.recordDate = textOf(record, txkey::date);
@@ -75,9 +74,50 @@ BankingCreditCardQIF::Step BankingCreditCardQIF::confirm(Walk& walk, Prepared& p
     setup.qifOutput = walk.writer.QIFOutput();
     setup.backEnabled = currentTransactionIndex > 0;
     setup.instructionKeyedOnDescription = !has(instruction_, ikey::categoryMatch);
+    return setup;
+}
+
+BankingCreditCardQIF::Step BankingCreditCardQIF::confirm(Walk& walk, Prepared& p,
+                                                         Dictionary& record) {
+    redisplayConfirm_ = false;
+    ConfirmForm::Setup setup = confirmSetup(walk, p, record);
+    // A front end that accepts the form as filled would write exactly what the form was
+    // filled with, so the form model is not made; a refused category still shows it.
+    if (walk.dialogs.acceptsFormsAsShown()) {
+        BankOutput out{setup.date,
+                       setup.description,
+                       setup.memo ? setup.memo : p.memo,
+                       p.amount,
+                       setup.number,
+                       setup.category,
+                       clearedFor(record, walk.options),
+                       setup.splits ? &*setup.splits : nullptr};
+        if (writeAccepted(walk, record, out))
+            return Step::advanced;
+    }
     ConfirmForm form(ctx_.prefs);
     form.fill(setup);
     return confirmed(walk, p, record, form);
+}
+
+// A second OK after a refused category replaces what the first one wrote.
+bool BankingCreditCardQIF::writeAccepted(Walk& walk, const Dictionary& record,
+                                         const BankOutput& out) {
+    walk.output.resize(
+        static_cast<std::size_t>(record.at(std::string(txkey::outputLength)).toInteger()));
+    walk.writer.produceBankCCOutput(walk.output, out);
+    Categories categories(ctx_.prefs);
+    bool accepted = true;
+    if (out.splits)
+        for (const Value& s : *out.splits)
+            accepted = accepted && categories.registerCategory(textOf(s.dictionary(), "category"),
+                                                               walk.dialogs);
+    else
+        accepted = categories.registerCategory(out.category.value_or(""), walk.dialogs);
+    if (!accepted)
+        return false;
+    Descriptions(ctx_.prefs).addDescription(out.description.value_or(""));
+    return true;
 }
 
 BankingCreditCardQIF::Step BankingCreditCardQIF::confirmed(Walk& walk, Prepared& p,
@@ -86,9 +126,6 @@ BankingCreditCardQIF::Step BankingCreditCardQIF::confirmed(Walk& walk, Prepared&
         ConfirmAction action = walk.dialogs.confirmTransaction(form);
         switch (action) {
         case ConfirmAction::ok: {
-            // A second OK after a refused category replaces what the first one wrote.
-            walk.output.resize(
-                static_cast<std::size_t>(record.at(std::string(txkey::outputLength)).toInteger()));
             if (form.userSplits()) {
                 setFlag(record, txkey::userSplits, true);
                 if (form.splits())
@@ -105,18 +142,8 @@ BankingCreditCardQIF::Step BankingCreditCardQIF::confirmed(Walk& walk, Prepared&
                            form.category(),
                            clearedFor(record, walk.options),
                            formSplits ? &*formSplits : nullptr};
-            walk.writer.produceBankCCOutput(walk.output, out);
-            Categories categories(ctx_.prefs);
-            bool accepted = true;
-            if (formSplits)
-                for (const Value& s : *formSplits)
-                    accepted = accepted && categories.registerCategory(
-                                               textOf(s.dictionary(), "category"), walk.dialogs);
-            else
-                accepted = categories.registerCategory(form.category(), walk.dialogs);
-            if (!accepted)
+            if (!writeAccepted(walk, record, out))
                 continue;
-            Descriptions(ctx_.prefs).addDescription(form.description());
             return Step::advanced;
         }
         case ConfirmAction::skip:
@@ -217,11 +244,11 @@ BankingCreditCardQIF::Step BankingCreditCardQIF::newInstruction(Walk& walk, Prep
     }
 }
 
-Dictionary BankingCreditCardQIF::continuation(const std::string& output) const {
+Dictionary BankingCreditCardQIF::continuation(const std::string& output) {
     Array records;
     records.reserve(qif.size());
-    for (const Dictionary& record : qif)
-        records.emplace_back(record);
+    for (std::size_t i = 0; i < qif.size(); ++i)
+        records.emplace_back(transactionAt(i));
     return Dictionary{
         {"qif", Value(std::move(records))},
         {"fileAsString", Value(output)},

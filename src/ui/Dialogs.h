@@ -80,6 +80,10 @@ public:
     virtual ConfirmAction confirmTransaction(ConfirmForm& form);
     // The new-instruction form; a front end that never asks outputs the transaction as read.
     virtual NewInstructionAction newInstruction(NewInstructionForm& form);
+    // True for a front end that never asks and keeps both forms' defaults: OK for the
+    // confirmation form as filled, output as read for the new-instruction form. No answer can
+    // then lead back to an earlier transaction or leave the run for later.
+    virtual bool acceptsFormsAsShown() const { return false; }
 
     // The three forms of the dialogue that learns an input format; each returns the button
     // pressed, the front end forwarding selections to the form meanwhile. A front end that

@@ -1,0 +1,76 @@
+#include "bank/PendingRecords.h"
+
+#include "bank/TransactionKeys.h"
+
+namespace tavvel {
+
+namespace {
+
+// Seven bits a byte, the high bit set on all but the last: most texts are short.
+void appendLength(std::string& into, std::size_t length) {
+    while (length >= 0x80) {
+        into.push_back(static_cast<char>((length & 0x7f) | 0x80));
+        length >>= 7;
+    }
+    into.push_back(static_cast<char>(length));
+}
+
+std::size_t readLength(const std::string& from, std::size_t& at) {
+    std::size_t length = 0;
+    for (unsigned shift = 0;; shift += 7) {
+        auto byte = static_cast<unsigned char>(from[at++]);
+        length |= static_cast<std::size_t>(byte & 0x7f) << shift;
+        if (!(byte & 0x80))
+            return length;
+    }
+}
+
+} // namespace
+
+const std::array<std::string_view, 6> PendingRecords::keys = {
+    txkey::date, txkey::number, txkey::description, txkey::memo, txkey::category, txkey::amount};
+
+Dictionary PendingRecords::recordOf(const Texts& texts) {
+    Dictionary record;
+    for (std::size_t k = 0; k < keys.size(); ++k)
+        if (texts[k])
+            record.emplace(std::string(keys[k]), Value(std::string(*texts[k])));
+    return record;
+}
+
+void PendingRecords::add(const Texts& texts) {
+    starts_.push_back(packed_.size());
+    unsigned char present = 0;
+    for (std::size_t k = 0; k < keys.size(); ++k)
+        if (texts[k])
+            present = static_cast<unsigned char>(present | (1u << k));
+    packed_.push_back(static_cast<char>(present));
+    for (const std::optional<std::string_view>& text : texts) {
+        if (!text)
+            continue;
+        appendLength(packed_, text->size());
+        packed_.append(*text);
+    }
+}
+
+Dictionary PendingRecords::take(std::size_t i) {
+    std::size_t at = starts_[i];
+    starts_[i] = taken;
+    auto present = static_cast<unsigned char>(packed_[at++]);
+    Texts texts;
+    for (std::size_t k = 0; k < keys.size(); ++k) {
+        if (!(present & (1u << k)))
+            continue;
+        std::size_t length = readLength(packed_, at);
+        texts[k] = std::string_view(packed_).substr(at, length);
+        at += length;
+    }
+    return recordOf(texts);
+}
+
+void PendingRecords::clear() {
+    std::string().swap(packed_);
+    std::vector<std::size_t>().swap(starts_);
+}
+
+} // namespace tavvel

@@ -1,0 +1,40 @@
+#pragma once
+// Transaction records read from a text statement, kept packed in one buffer until the walk
+// reaches them: a statement of many thousands of transactions then costs a few bytes a
+// transaction instead of a map of texts each, for as long as the walk has not reached it.
+
+#include "prefs/Value.h"
+
+#include <array>
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tavvel {
+
+class PendingRecords {
+public:
+    // A record's texts in the order of `keys`; nothing for a key the record lacks.
+    using Texts = std::array<std::optional<std::string_view>, 6>;
+    static const std::array<std::string_view, 6> keys;
+
+    // The record the texts make, as the walk reads it.
+    static Dictionary recordOf(const Texts& texts);
+
+    void add(const Texts& texts);
+    std::size_t size() const { return starts_.size(); }
+    // Whether record `i` was added and not taken yet.
+    bool pending(std::size_t i) const { return i < starts_.size() && starts_[i] != taken; }
+    // Record `i`, which stops being pending. Only for a pending record.
+    Dictionary take(std::size_t i);
+    void clear();
+
+private:
+    static constexpr std::size_t taken = static_cast<std::size_t>(-1);
+    std::string packed_; // per record: which keys it has, then each text's length and bytes
+    std::vector<std::size_t> starts_; // where each record begins in packed_
+};
+
+} // namespace tavvel

@@ -1,0 +1,135 @@
+// Text records made when the walk reaches them, and walks whose front end accepts every form
+// as shown: what is written and learned is what a walk through the forms writes and learns.
+
+#include "bank/BankingCreditCardQIF.h"
+#include "formats/OutputFormats.h"
+#include "knowledge/Categories.h"
+#include "knowledge/Descriptions.h"
+#include "knowledge/Instructions.h"
+#include "prefs/Settings.h"
+#include "recognize/CalendarDate.h"
+#include "support/ScriptedDialogs.h"
+#include "support/TestContext.h"
+#include "ui/RunHelpers.h"
+
+#include <gtest/gtest.h>
+#include <memory>
+
+namespace tavvel {
+namespace {
+
+const std::string kStatement = "Date,Number,Payee,Memo,Category,Amount\n"
+                               "01/02/2024,7,ACME,lunch,Food,-5.00\n"
+                               "01/03/2024,,BEAN CAFE,,Drinks,2.50\n"
+                               "01/04/2024,8,KIOSK,,Food,(1.25)\n";
+
+Dictionary format() {
+    return {{"Name", Value("Test")},
+            {"Fields", Value("CSV")},
+            {"OneTransactionPerLine", Value(true)},
+            {"DateDelimiter", Value("/")},
+            {"DateStart", Value("\n")},
+            {"DateEnd", Value(",")},
+            {"Check", Value(1)},
+            {"Description", Value(2)},
+            {"Memo", Value(3)},
+            {"Category", Value(4)},
+            {"Credit", Value(5)}};
+}
+
+// Accepts every form as shown; any form it is still shown must be expected.
+struct AcceptingDialogs : test::ScriptedDialogs {
+    bool acceptsFormsAsShown() const override { return true; }
+};
+
+// One run over kStatement with every transaction confirmed and its category kept.
+struct TextRun {
+    explicit TextRun(std::unique_ptr<test::ScriptedDialogs> front) : dialogs(std::move(front)) {
+        t.ctx.prefs.setObject(prefkey::DescriptionOutput, Value("%d"));
+        t.ctx.prefs.setObject(prefkey::MemoOutput, Value("%m"));
+        t.ctx.prefs.setObject(prefkey::Categories, Value(Array{}));
+        addOption(t.ctx.prefs, option::dontAddCategories);
+        addOption(t.ctx.prefs, option::textConfirmAllTransactions);
+    }
+    WalkResult walk(bool onDemand, const std::string& text = kStatement) {
+        reader.recordsOnDemand = onDemand;
+        EXPECT_TRUE(
+            reader.fromFormattedText(text, format(), kDistantPast, kDistantFuture, warning));
+        return reader.processInstructionsAndAppendToString(out, writer, warning, *dialogs,
+                                                           instructions, WalkOptions{});
+    }
+    Array learned(bool categories) {
+        return categories ? Categories(t.ctx.prefs).getCategoriesArray()
+                          : Descriptions(t.ctx.prefs).getDescriptionsArray();
+    }
+
+    test::TestContext t;
+    std::unique_ptr<test::ScriptedDialogs> dialogs;
+    OutputFormats writer{t.ctx, *dialogs};
+    ErrorWarning warning{*dialogs, nullptr};
+    BankingCreditCardQIF reader{t.ctx};
+    Instructions instructions{t.ctx.prefs};
+    std::string out;
+};
+
+ConfirmAction ok(ConfirmForm&) {
+    return ConfirmAction::ok;
+}
+
+TEST(WalkWithoutAsking, WritesAndLearnsWhatOkOnEachFormWould) {
+    TextRun forms(std::make_unique<test::ScriptedDialogs>());
+    forms.dialogs->expectConfirm(ok).expectConfirm(ok).expectConfirm(ok);
+    TextRun accepting(std::make_unique<AcceptingDialogs>());
+
+    EXPECT_EQ(forms.walk(false).appended, 3u);
+    EXPECT_EQ(accepting.walk(true).appended, 3u);
+
+    EXPECT_EQ(accepting.out, "D1/2/2024\nPACME\nMlunch\nT-5.00\nN7\nLFood\n^\n"
+                             "D1/3/2024\nPBEAN CAFE\nT2.50\nLDrinks\n^\n"
+                             "D1/4/2024\nPKIOSK\nT-1.25\nN8\nLFood\n^\n");
+    EXPECT_EQ(forms.out, accepting.out);
+    EXPECT_EQ(accepting.learned(true), forms.learned(true));
+    EXPECT_EQ(accepting.learned(false), forms.learned(false));
+    EXPECT_EQ(accepting.learned(false), (Array{Value("ACME"), Value("BEAN CAFE"), Value("KIOSK")}));
+    EXPECT_TRUE(accepting.dialogs->shown().empty());
+    // Nothing can lead back to a walked record there, so none is kept; the forms keep theirs.
+    EXPECT_TRUE(accepting.reader.qif[0].empty());
+    EXPECT_TRUE(forms.reader.qif[0].contains("outputLength"));
+}
+
+TEST(WalkWithoutAsking, RefusedCategoryStillShowsTheFormAndOnlyItsAnswerIsWritten) {
+    TextRun accepting(std::make_unique<AcceptingDialogs>());
+    accepting.dialogs->expectAlert("Bad Category \"[Nowhere]\"")
+        .expectAlert("Bad Category \"[Nowhere]\"")
+        .expectConfirm([](ConfirmForm& form) {
+            form.setCategory("Food");
+            return ConfirmAction::ok;
+        });
+    accepting.walk(true, "Date\n01/02/2024,,SHOP,,[Nowhere],-3.00\n");
+    EXPECT_EQ(accepting.out, "D1/2/2024\nPSHOP\nT-3.00\nLFood\n^\n");
+    EXPECT_TRUE(accepting.dialogs->done());
+}
+
+TEST(WalkWithoutAsking, RecordsMadeOnDemandAreAllHandedOverWhenTheWalkIsLeftForLater) {
+    auto leaveAtSecond = [](test::ScriptedDialogs& dialogs) {
+        dialogs.expectConfirm(ok)
+            .expectConfirm([](ConfirmForm&) { return ConfirmAction::cancel; })
+            .expectCancelQuestion(CancelChoice::finishLater);
+    };
+    TextRun eager(std::make_unique<test::ScriptedDialogs>());
+    TextRun onDemand(std::make_unique<test::ScriptedDialogs>());
+    leaveAtSecond(*eager.dialogs);
+    leaveAtSecond(*onDemand.dialogs);
+
+    WalkResult kept = eager.walk(false);
+    WalkResult made = onDemand.walk(true);
+    ASSERT_TRUE(kept.continuation && made.continuation);
+    EXPECT_EQ(*made.continuation, *kept.continuation);
+    const Array& records = made.continuation->at("qif").array();
+    ASSERT_EQ(records.size(), 3u);
+    EXPECT_EQ(textOf(records[2].dictionary(), "description"), "KIOSK"); // never reached
+    EXPECT_TRUE(records[0].dictionary().contains("outputLength"));
+}
+
+} // namespace
+} // namespace tavvel
