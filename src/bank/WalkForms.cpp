@@ -142,9 +142,13 @@ BankingCreditCardQIF::Step BankingCreditCardQIF::confirmed(Walk& walk, Prepared&
                            form.category(),
                            clearedFor(record, walk.options),
                            formSplits ? &*formSplits : nullptr};
-            if (!writeAccepted(walk, record, out))
+            if (writeAccepted(walk, record, out))
+                return Step::advanced;
+            if (!walk.dialogs.acceptsFormsAsShown())
                 continue;
-            return Step::advanced;
+            // Nobody can correct the category, and asking again would never end.
+            Step answer = cancelled(walk);
+            return answer == Step::rerun ? Step::stopNow : answer;
         }
         case ConfirmAction::skip:
             return Step::skipped;
