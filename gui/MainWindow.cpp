@@ -5,6 +5,7 @@
 #include "QtDialogs.h"
 #include "RunFormView.h"
 #include "Text.h"
+#include "app/Controller.h"
 #include "context/Context.h"
 #include "knowledge/FormatFiles.h"
 #include "knowledge/Formats.h"
@@ -32,7 +33,8 @@ std::optional<std::string> clipboardText() {
 }
 
 MainWindow::MainWindow(Context& ctx, QtDialogs& dialogs, QWidget* parent)
-    : QMainWindow(parent), ctx_(ctx), dialogs_(dialogs), controller_(ctx, dialogs) {
+    : QMainWindow(parent), ctx_(ctx), dialogs_(dialogs),
+      controller_(std::make_unique<Controller>(ctx, dialogs)) {
     setWindowTitle(QStringLiteral("Tavvel"));
     setAcceptDrops(true);
     dialogs_.setParentWindow(this);
@@ -45,18 +47,19 @@ MainWindow::MainWindow(Context& ctx, QtDialogs& dialogs, QWidget* parent)
                           pages_);
     waiting_->setAlignment(Qt::AlignCenter);
     waiting_->setWordWrap(true);
-    runForm_ = new RunFormView(controller_, ctx.prefs, learn_, pages_);
+    runForm_ = new RunFormView(*controller_, ctx.prefs, learn_, pages_);
     pages_->addWidget(waiting_);
     pages_->addWidget(runForm_);
     setCentralWidget(pages_);
     connect(runForm_, &RunFormView::processRequested, this, &MainWindow::processTransactions);
     clipboardTimer_.setSingleShot(true);
     clipboardTimer_.setInterval(1000);
-    connect(&clipboardTimer_, &QTimer::timeout, this,
-            [this] { afterIntake(controller_.processInput()); });
+    connect(&clipboardTimer_, &QTimer::timeout, this, &MainWindow::processNoticedClipboard);
     buildMenus();
     showState();
 }
+
+MainWindow::~MainWindow() = default;
 
 void MainWindow::buildMenus() {
     QMenu* file = menuBar()->addMenu(tr("&File"));
@@ -111,7 +114,7 @@ bool MainWindow::openFile(const QString& path) {
                          [this](RenameFormatForm& form) { return dialogs_.renameFormat(form); });
         return true;
     }
-    std::optional<Intake> intake = controller_.applicationOpenFile(file);
+    std::optional<Intake> intake = controller_->applicationOpenFile(file);
     if (!intake)
         return false;
     afterIntake(intake);
@@ -119,20 +122,24 @@ bool MainWindow::openFile(const QString& path) {
 }
 
 void MainWindow::openWithDialog() {
-    afterIntake(controller_.processFile());
+    afterIntake(controller_->processFile());
 }
 
 void MainWindow::processClipboard() {
-    afterIntake(controller_.processClipboard(clipboardText()));
+    afterIntake(controller_->processClipboard(clipboardText()));
 }
 
 void MainWindow::applicationActivated() {
-    if (controller_.applicationDidBecomeActive(clipboardText()))
+    if (controller_->applicationDidBecomeActive(clipboardText()))
         clipboardTimer_.start();
 }
 
+void MainWindow::processNoticedClipboard() {
+    afterIntake(controller_->processInput());
+}
+
 void MainWindow::processTransactions() {
-    controller_.processTheTransactions(isVisible());
+    controller_->processTheTransactions(isVisible());
     showState();
 }
 

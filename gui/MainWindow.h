@@ -4,10 +4,9 @@
 // from the open dialog, the command line and drops; the clipboard is looked at when the
 // application becomes active.
 
-#include "app/Controller.h"
-
 #include <QMainWindow>
 #include <QTimer>
+#include <memory>
 #include <optional>
 
 class QAction;
@@ -17,7 +16,9 @@ class QStackedWidget;
 
 namespace tavvel {
 class Context;
-}
+class Controller;
+enum class Intake;
+} // namespace tavvel
 
 namespace tavvel::gui {
 
@@ -27,8 +28,9 @@ class RunFormView;
 class MainWindow : public QMainWindow {
 public:
     MainWindow(Context& ctx, QtDialogs& dialogs, QWidget* parent = nullptr);
+    ~MainWindow() override;
 
-    Controller& controller() { return controller_; }
+    Controller& controller() { return *controller_; }
     RunFormView& runForm() { return *runForm_; }
     // The place the learning dialogue is started from, beside the input format.
     QAction* learnAction() const { return learn_; }
@@ -39,6 +41,8 @@ public:
     bool openFile(const QString& path);
     // The application became active: a clipboard with new dated text is processed shortly.
     void applicationActivated();
+    // What the timer does when it fires: the noticed clipboard is classified.
+    void processNoticedClipboard();
 
     void openWithDialog();
     void processClipboard();
@@ -59,7 +63,7 @@ private:
 
     Context& ctx_;
     QtDialogs& dialogs_;
-    Controller controller_;
+    std::unique_ptr<Controller> controller_;
     QAction* learn_ = nullptr;
     QMenu* exportMenu_ = nullptr;
     QStackedWidget* pages_ = nullptr;
