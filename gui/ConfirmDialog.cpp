@@ -168,20 +168,20 @@ void ConfirmDialog::show() {
     date_->setText(qt(form_.dateText()));
     stepper_->setVisible(form_.stepperShown());
     amount_->setText(qt(form_.amount().value_or("")));
+    showRow(amount_, form_.amount().has_value());
     number_->setText(qt(form_.number().value_or("")));
+    showRow(number_, form_.number().has_value());
     if (description_->text() != qt(form_.description()))
         description_->setText(qt(form_.description()));
-    memoLabel_->setVisible(form_.memoShown());
-    memo_->setVisible(form_.memoShown());
+    showRow(memo_, form_.memoShown());
     if (memo_->text() != qt(form_.memo()))
         memo_->setText(qt(form_.memo()));
     bool withSplits = form_.splits().has_value();
-    categoryLabel_->setVisible(!withSplits);
-    category_->setVisible(!withSplits);
+    showRow(category_, !withSplits);
     if (category_->text() != qt(form_.category()))
         category_->setText(qt(form_.category()));
     categoryWarning_->setText(qt(form_.categoryWarning(form_.category())));
-    categoryWarning_->setVisible(!withSplits);
+    showRow(categoryWarning_, !withSplits && !categoryWarning_->text().isEmpty());
     splits_->setVisible(withSplits);
     splits_->refresh();
     splitsButton_->setText(qt(form_.splitsButtonTitle()));

@@ -103,14 +103,17 @@ QWidget* NewInstructionDialog::buildHeader() {
     fields->addRow(tr("Amount:"), amount);
     shows_.push_back([=, this] {
         prompt->setText(qt(form_.prompt().value_or("")));
-        prompt->setVisible(form_.prompt().has_value());
+        showRow(prompt, form_.prompt().has_value());
         date->setText(qt(form_.date()));
         description->setText(qt(form_.description()));
         description->setToolTip(qt(form_.description()));
         auto shownNumber = form_.extractedNumber() ? form_.extractedNumber() : form_.number();
         number->setText(qt(shownNumber.value_or("")));
+        showRow(number, shownNumber.has_value());
         memo->setText(qt(form_.memo().value_or("")));
+        showRow(memo, form_.memo().has_value());
         amount->setText(qt(form_.amount().value_or("")));
+        showRow(amount, form_.amount().has_value());
     });
     return header;
 }
@@ -185,27 +188,26 @@ QWidget* NewInstructionDialog::buildInstructionTab(TvPrefs& prefs) {
     shows_.push_back([=, this] {
         bool byDescription = form_.descriptionMatchShown();
         matchLabel->setText(qt(form_.matchLabel()));
-        matchLabel->setVisible(byDescription);
-        match_->setVisible(byDescription);
+        showRow(match_, byDescription);
         setTextKeepingCaret(*match_, form_.matchText());
         matchHelp->setText(qt(form_.matchHelp()));
-        matchHelp->setVisible(byDescription);
+        showRow(matchHelp, byDescription);
         matchWarning->setText(qt(form_.matchWarning()));
-        matchWarning->setVisible(!form_.matchWarning().empty());
+        showRow(matchWarning, !form_.matchWarning().empty());
         categoryMatch->setText(
             tr("When the category is: %1").arg(qt(form_.newInstructionForCategory().value_or(""))));
-        categoryMatch->setVisible(!byDescription);
+        showRow(categoryMatch, !byDescription);
         useDescription->setChecked(form_.useDescription());
         newDescription->setEnabled(form_.useDescription());
         setTextKeepingCaret(*newDescription, form_.newDescription());
         useMemo->setChecked(form_.useMemoOn());
         newMemo->setEnabled(form_.useMemoOn());
         setTextKeepingCaret(*newMemo, form_.newMemo());
-        category_->setVisible(form_.categoryShown());
+        showRow(category_, form_.categoryShown());
         setTextKeepingCaret(*category_, form_.category());
         categoryWarning->setText(qt(form_.categoryWarning()));
-        categoryWarning->setVisible(form_.categoryShown());
-        splits->setVisible(!form_.categoryShown());
+        showRow(categoryWarning, form_.categoryShown() && !form_.categoryWarning().empty());
+        showRow(splits, !form_.categoryShown());
         splitsButton->setText(qt(form_.instructionSplitsButtonTitle()));
         confirm->setChecked(form_.confirmOn());
         extract->setChecked(form_.extractNumberOn());

@@ -242,11 +242,11 @@ void RunFormView::refresh() {
 void RunFormView::refreshInput() {
     inputFrom_->setText(qt(controller_.inputFrom));
     const std::string& kind = controller_.controlHelpAnchor; // "QIF", "QFX" or "Text"
-    qifType_->setVisible(kind == "QIF" && !form_.textInput);
+    showRow(qifType_, kind == "QIF" && !form_.textInput);
     qifType_->setCurrentIndex(form_.qifType);
-    qfxType_->setVisible(kind == "QFX" && !form_.textInput);
+    showRow(qfxType_, kind == "QFX" && !form_.textInput);
     qfxType_->setCurrentIndex(form_.qfxType);
-    inputFormatRow_->setVisible(form_.textInput);
+    showRow(inputFormatRow_, form_.textInput);
     setItems(*inputFormat_, qtList(Formats(prefs_).exportMenuTitles()));
     if (inputFormat_->currentText() != qt(form_.inputFormatName))
         inputFormatTyping_->show(form_.inputFormatName);
@@ -254,12 +254,12 @@ void RunFormView::refreshInput() {
 
 void RunFormView::refreshAccount() {
     accountType_->setText(qt(form_.accountType));
-    account_->setVisible(form_.accountBoxVisible);
+    showRow(account_, form_.accountBoxVisible);
     setItems(*account_, qtList(form_.accountChoices));
     if (account_->currentText() != qt(form_.accountText))
         accountTyping_->show(form_.accountText);
     accountHint_->setText(qt(form_.accountHint));
-    accountHint_->setVisible(!form_.accountBoxVisible);
+    showRow(accountHint_, !form_.accountBoxVisible);
 }
 
 void RunFormView::refreshRange() {

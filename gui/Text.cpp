@@ -2,6 +2,9 @@
 
 #include "ui/DisplayText.h"
 
+#include <QFormLayout>
+#include <QWidget>
+
 namespace tavvel::gui {
 
 QString qt(std::string_view text) {
@@ -22,6 +25,16 @@ QStringList qtList(const std::vector<std::string>& texts) {
     for (const std::string& text : texts)
         out << qt(text);
     return out;
+}
+
+void showRow(QWidget* field, bool visible) {
+    if (QWidget* parent = field->parentWidget())
+        for (QFormLayout* form : parent->findChildren<QFormLayout*>())
+            if (form->indexOf(field) >= 0) {
+                form->setRowVisible(field, visible);
+                return;
+            }
+    field->setVisible(visible);
 }
 
 } // namespace tavvel::gui

@@ -5,6 +5,8 @@
 
 #include <QString>
 #include <QStringList>
+
+class QWidget;
 #include <string>
 #include <string_view>
 #include <vector>
@@ -14,5 +16,8 @@ namespace tavvel::gui {
 QString qt(std::string_view text);
 std::string core(const QString& text);
 QStringList qtList(const std::vector<std::string>& texts);
+
+// Shows or hides a form row with its label (a widget outside a form layout: the widget).
+void showRow(QWidget* field, bool visible);
 
 } // namespace tavvel::gui
