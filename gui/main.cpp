@@ -6,6 +6,7 @@
 #include "context/Context.h"
 
 #include <QApplication>
+#include <QIcon>
 #include <QMessageBox>
 #include <QTimer>
 #include <filesystem>
@@ -16,6 +17,7 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Tavvel"));
     QApplication::setDesktopFileName(QStringLiteral("tavvel"));
+    QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("tavvel")));
 
     auto configFile = Configuration::locateForRunning(argv[0]);
     auto config = Configuration::load(configFile);
