@@ -20,6 +20,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMimeData>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTest>
@@ -130,6 +131,22 @@ private slots:
         QVERIFY(!window->openFile(sample()));
         window->controller().justActivated = true;
         QVERIFY(window->openFile(sample()));
+    }
+
+    void droppedFileIsOpenedButNotDuringARun() {
+        QMimeData mime;
+        mime.setUrls({QUrl::fromLocalFile(sample())});
+        auto drop = [&] {
+            QDropEvent event(QPointF(5, 5), Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
+            QApplication::sendEvent(window.get(), &event);
+            return event.isAccepted();
+        };
+        QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(window.get(), &enter);
+        QVERIFY(enter.isAccepted());
+        QVERIFY(drop());
+        QVERIFY(window->runForm().isVisible());
+        QVERIFY(!drop());
     }
 
     void clipboardWithADateIsProcessedOnceAfterASecond() {
