@@ -241,10 +241,9 @@ void RunFormView::refresh() {
 
 void RunFormView::refreshInput() {
     inputFrom_->setText(qt(controller_.inputFrom));
-    const std::string& kind = controller_.controlHelpAnchor; // "QIF", "QFX" or "Text"
-    showRow(qifType_, kind == "QIF" && !form_.textInput);
+    showRow(qifType_, form_.qifTypeShown());
     qifType_->setCurrentIndex(form_.qifType);
-    showRow(qfxType_, kind == "QFX" && !form_.textInput);
+    showRow(qfxType_, form_.qfxTypeShown());
     qfxType_->setCurrentIndex(form_.qfxType);
     showRow(inputFormatRow_, form_.textInput);
     setItems(*inputFormat_, qtList(Formats(prefs_).exportMenuTitles()));
