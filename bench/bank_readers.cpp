@@ -1,6 +1,8 @@
 // The bank reader and the QIF writer over generated statements of 500,000 and 1,000,000
-// transactions: an OFX bank statement (SGML form) read with fromOFX, and a QIF bank file cut
-// into lines and read with fromQIFLines; then the walk writes every record as QIF. Prints MB/s,
+// transactions: an OFX bank statement (SGML form) read with fromOFX, a QIF bank file cut
+// into lines and read with fromQIFLines, and a bank's CSV export (a heading line, quoted
+// payees, one signed amount column) read through an input format with fromFormattedText;
+// then the walk writes every record as QIF. Prints MB/s,
 // records/s, the peak memory of the process as a multiple of the input size, and the
 // 1,000,000 / 500,000 time ratio, which stays near 2 while reading and writing are linear.
 // Times are processor times: the machines these run on are shared.
@@ -46,38 +48,67 @@ Drawn draw(std::mt19937& rng, unsigned index) {
             1000 + index % 9000, kPayees[below(rng, static_cast<unsigned>(std::size(kPayees)))]};
 }
 
-std::string ofxStatement(unsigned transactions) {
-    std::mt19937 rng(20240101);
-    std::string text = "OFXHEADER:100\r\nDATA:OFXSGML\r\nVERSION:102\r\n\r\n<OFX><BANKMSGSRSV1>"
-                       "<STMTTRNRS><STMTRS><CURDEF>USD<BANKACCTFROM><BANKID>021000000<ACCTID>"
-                       "000123456789<ACCTTYPE>CHECKING</BANKACCTFROM><BANKTRANLIST>\r\n";
+// The head, then each transaction as `print` writes it into a piece (snprintf's way: the
+// length written), drawn in order from the seed.
+template <typename Print>
+std::string generated(unsigned seed, std::string text, unsigned transactions, Print print) {
+    std::mt19937 rng(seed);
     char piece[400];
     for (unsigned i = 0; i < transactions; ++i) {
-        Drawn d = draw(rng, i);
-        int length = std::snprintf(
-            piece, sizeof piece,
-            "<STMTTRN>\r\n<TRNTYPE>DEBIT\r\n<DTPOSTED>2024%02u%02u120000[-5:EST]\r\n<TRNAMT>-%u.%"
-            "02u"
-            "\r\n<FITID>%u\r\n<CHECKNUM>%u\r\n<NAME>%s\r\n<MEMO>Card purchase %u\r\n</STMTTRN>\r\n",
-            d.month, d.day, d.dollars, d.cents, i, d.number, d.payee, i % 97);
+        int length = print(piece, sizeof piece, draw(rng, i), i);
         text.append(piece, static_cast<std::size_t>(length));
     }
-    return text + "</BANKTRANLIST></STMTRS></STMTTRNRS></BANKMSGSRSV1></OFX>\r\n";
+    return text;
+}
+
+std::string ofxStatement(unsigned transactions) {
+    const char* head = "OFXHEADER:100\r\nDATA:OFXSGML\r\nVERSION:102\r\n\r\n<OFX><BANKMSGSRSV1>"
+                       "<STMTTRNRS><STMTRS><CURDEF>USD<BANKACCTFROM><BANKID>021000000<ACCTID>"
+                       "000123456789<ACCTTYPE>CHECKING</BANKACCTFROM><BANKTRANLIST>\r\n";
+    return generated(20240101, head, transactions,
+                     [](char* piece, std::size_t size, Drawn d, unsigned i) {
+                         return std::snprintf(
+                             piece, size,
+                             "<STMTTRN>\r\n<TRNTYPE>DEBIT\r\n<DTPOSTED>2024%02u%02u120000[-5:EST]"
+                             "\r\n<TRNAMT>-%u.%02u\r\n<FITID>%u\r\n<CHECKNUM>%u\r\n<NAME>%s\r\n"
+                             "<MEMO>Card purchase %u\r\n</STMTTRN>\r\n",
+                             d.month, d.day, d.dollars, d.cents, i, d.number, d.payee, i % 97);
+                     }) +
+           "</BANKTRANLIST></STMTRS></STMTTRNRS></BANKMSGSRSV1></OFX>\r\n";
 }
 
 std::string qifFile(unsigned transactions) {
-    std::mt19937 rng(20240102);
-    std::string text = "!Type:Bank\n";
-    char record[300];
-    for (unsigned i = 0; i < transactions; ++i) {
-        Drawn d = draw(rng, i);
-        int length = std::snprintf(record, sizeof record,
-                                   "D%u/%u/2024\nT-%u.%02u\nN%u\nP%s\nMCard purchase %u\n"
-                                   "LHousehold\n^\n",
-                                   d.month, d.day, d.dollars, d.cents, d.number, d.payee, i % 97);
-        text.append(record, static_cast<std::size_t>(length));
-    }
-    return text;
+    return generated(20240102, "!Type:Bank\n", transactions,
+                     [](char* piece, std::size_t size, Drawn d, unsigned i) {
+                         return std::snprintf(piece, size,
+                                              "D%u/%u/2024\nT-%u.%02u\nN%u\nP%s\nMCard purchase "
+                                              "%u\nLHousehold\n^\n",
+                                              d.month, d.day, d.dollars, d.cents, d.number, d.payee,
+                                              i % 97);
+                     });
+}
+
+// A heading, then one line a transaction: date, check number (now and then), payee (quoted
+// when it holds a comma), signed amount.
+std::string csvStatement(unsigned transactions) {
+    return generated(20240103, "Posting Date,Check Number,Description,Amount\n", transactions,
+                     [](char* piece, std::size_t size, Drawn d, unsigned i) {
+                         bool check = i % 5 == 0, quoted = i % 7 == 0; // "%.0u": nothing for 0
+                         return std::snprintf(piece, size, "%02u/%02u/2024,%.0u,%s%s%s,%s%u.%02u\n",
+                                              d.month, d.day, check ? d.number : 0u,
+                                              quoted ? "\"" : "", d.payee, quoted ? ", INC.\"" : "",
+                                              i % 4 == 0 ? "" : "-", d.dollars, d.cents);
+                     });
+}
+
+// The input format of that export, as a user would learn it.
+Dictionary csvFormat() {
+    return {{"Name", Value("Bench CSV")},  {"FormatType", Value("Bank")},
+            {"Fields", Value("CSV")},      {"OneTransactionPerLine", Value(true)},
+            {"DateDelimiter", Value("/")}, {"DateStart", Value("\n")},
+            {"DateEnd", Value(",")},       {"Date", Value(0)},
+            {"Check", Value(1)},           {"Description", Value(2)},
+            {"Credit", Value(3)}};
 }
 
 // A front end for a walk that never needs to ask.
@@ -177,6 +208,16 @@ void qifToQif(benchmark::State& state) {
     });
 }
 
+void csvToQif(benchmark::State& state) {
+    const std::string input = csvStatement(static_cast<unsigned>(state.range(0)));
+    const Dictionary format = csvFormat();
+    SilentDialogs dialogs;
+    ErrorWarning warning(dialogs, [](const Dictionary&) {});
+    measure(state, input, [&](BankingCreditCardQIF& reader) {
+        reader.fromFormattedText(input, format, kDistantPast, kDistantFuture, warning);
+    });
+}
+
 class RatioReporter : public benchmark::ConsoleReporter {
 public:
     void ReportRuns(const std::vector<Run>& runs) override {
@@ -208,7 +249,7 @@ private:
 int main(int argc, char** argv) {
     useProcessTimeZone();
     const std::vector<std::pair<std::string, void (*)(benchmark::State&)>> conversions = {
-        {"OFX to QIF", ofxToQif}, {"QIF to QIF", qifToQif}};
+        {"OFX to QIF", ofxToQif}, {"QIF to QIF", qifToQif}, {"CSV to QIF", csvToQif}};
     std::vector<std::string> names;
     for (const auto& [name, run] : conversions) {
         benchmark::RegisterBenchmark(name.c_str(), run)

@@ -14,7 +14,10 @@ constexpr const char* kFooter =
     "Exit status: 0 when the output was written (or there was nothing to output), 1 when the "
     "input was refused or nothing could be written, 2 for wrong usage.\n"
     "Dates are written in the output date format (M/d/yyyy, or d/M/yyyy for day-first output "
-    "dates); a two-digit year is read as the run form reads it.";
+    "dates); a two-digit year is read as the run form reads it.\n"
+    "Without --batch, each form (confirming a transaction, a new instruction) is printed and "
+    "answered with typed commands, one a line, from the terminal, a pipe or a file; type help at "
+    "a form for its commands, or see docs/cli.md.";
 
 void addRunOptions(CLI::App& app, RunOptions& run) {
     app.add_option("-o,--output", run.output,
@@ -34,6 +37,9 @@ void addRunOptions(CLI::App& app, RunOptions& run) {
     all->excludes(last, from, to);
     last->excludes(from, to);
     app.add_option("--output-format", run.outputFormat, "Output format by name (default QIF)");
+    app.add_option("--input-format", run.inputFormat,
+                   "Input format by name for a text statement (default: the stored format whose "
+                   "Match text the statement holds)");
     app.add_option("--qif-type", run.qifType,
                    "QIF input type: Normal, Reverse Signs, Swap Description and Memo, Swap and "
                    "Reverse Signs");
@@ -60,8 +66,8 @@ void addSettingOptions(CLI::App& app, CliOptions& options) {
 } // namespace
 
 bool RunOptions::setsForm() const {
-    return append || account || range || outputFormat || qifType || ofxType || sameDate ||
-           sameNumber;
+    return append || account || range || outputFormat || inputFormat || qifType || ofxType ||
+           sameDate || sameNumber;
 }
 
 CliParse parseCommandLine(const std::vector<std::string>& args) {
@@ -85,6 +91,9 @@ CliParse parseCommandLine(const std::vector<std::string>& args) {
     app.add_option("--export-format", exportFormat, "Save the input format NAME in FILE (.tvfm)")
         ->expected(2)
         ->type_name("NAME FILE");
+    app.add_option("--learn", options.learn,
+                   "Learn a new input format NAME from the text statement, then convert with it")
+        ->type_name("NAME");
     std::string list;
     std::vector<std::string> lists(knowledgeLists().begin(), knowledgeLists().end());
     app.add_option("--list", list, "Print a list of the knowledge base")

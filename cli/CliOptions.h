@@ -20,6 +20,7 @@ struct RunOptions {
     std::optional<Range> range;
     std::optional<std::string> dateFrom, dateTo;
     std::optional<std::string> outputFormat;
+    std::optional<std::string> inputFormat; // a text statement's input format, by name
     std::optional<std::string> qifType, ofxType;
     std::optional<std::string> sameDate, sameNumber;
 
@@ -44,6 +45,8 @@ struct CliOptions {
     std::optional<std::pair<std::string, std::string>> exportFormat;
     // --list instructions|descriptions|categories|accounts|securities|formats
     std::optional<std::string> list;
+    // --learn NAME: learn the input format NAME from the text statement before the run.
+    std::optional<std::string> learn;
 };
 
 struct CliParse {

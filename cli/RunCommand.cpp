@@ -6,6 +6,7 @@
 
 #include "RunCommand.h"
 
+#include "LearnCommand.h"
 #include "RunFormOptions.h"
 #include "StandardOutputFile.h"
 #include "TerminalDialogs.h"
@@ -114,6 +115,9 @@ int runConversion(Context& ctx, TerminalDialogs& dialogs, const CliOptions& opti
     Intake intake = controller.actuallyProcessFile(input.string());
     if (intake == Intake::refused || intake == Intake::imported)
         return intake == Intake::refused ? kExitRefused : kExitOK;
+    if (intake == Intake::formReady)
+        if (auto problem = learnWhenWanted(controller, options, dialogs))
+            return refuseRun(ctx, before, *problem, err);
     if (intake == Intake::formReady)
         if (auto problem = fillRunForm(controller, run, ctx.output, err))
             return refuseRun(ctx, before, *problem, err);

@@ -81,6 +81,13 @@ std::optional<std::string> checkRunOptions(const CliOptions& options) {
     const RunOptions& run = options.run;
     if ((run.setsForm() || run.output) && !options.inputFile)
         return "the run options need a statement FILE to convert";
+    if (options.learn && !options.inputFile)
+        return "--learn needs the text statement FILE to learn the input format from";
+    if (options.learn && run.inputFormat)
+        return "--learn and --input-format both name the run's input format; give one of them";
+    if (options.learn)
+        if (auto problem = oneLineProblem("--learn", *options.learn))
+            return problem;
     if (run.qifType && !qifTypeIndex(*run.qifType))
         return "--qif-type: \"" + *run.qifType + "\" is not one of " + joined(qifTypeNames());
     if (run.ofxType && !ofxTypeIndex(*run.ofxType))
@@ -99,6 +106,24 @@ std::optional<std::string> checkRunOptions(const CliOptions& options) {
 }
 
 namespace {
+
+// Before the output format: the input format decides the statement's kind, and with it the
+// output formats and accounts on offer.
+std::optional<RunProblem> setInputFormat(Controller& controller, const RunOptions& run) {
+    if (!run.inputFormat)
+        return std::nullopt;
+    if (!controller.form().textInput)
+        return usage("--input-format applies to text statements only");
+    std::vector<std::string> choices = controller.form().inputFormatChoices();
+    bool known = std::any_of(choices.begin(), choices.end(), [&](const std::string& name) {
+        return sameIgnoringCase(name, *run.inputFormat);
+    });
+    if (!known)
+        return usage("--input-format: there is no input format called \"" + *run.inputFormat +
+                     "\"; the input formats are " + joined(choices));
+    controller.inputFormatSet(*run.inputFormat);
+    return std::nullopt;
+}
 
 std::optional<RunProblem> setOutputFormat(RunForm& form, const RunOptions& run) {
     std::string name = run.outputFormat.value_or("QIF");
@@ -212,8 +237,11 @@ std::optional<RunProblem> checkReady(const RunForm& form) {
     if (form.processEnabled())
         return std::nullopt;
     if (form.textInput)
-        return RunProblem{kExitRefused, "no stored input format fits this text, so it cannot "
-                                        "be read"};
+        return RunProblem{kExitRefused,
+                          "no stored input format fits this text, so it cannot be read; learn "
+                          "an input format for this statement, or import one from a .tvfm file "
+                          "(tavvel-cli FORMAT.tvfm), then convert it again (--input-format NAME "
+                          "chooses a stored one)"};
     if (form.accountChoices.empty())
         return RunProblem{kExitRefused,
                           "the option append needs an account of this kind, and none is known; "
@@ -230,6 +258,8 @@ std::optional<RunProblem> fillRunForm(Controller& controller, const RunOptions& 
     // Appending continues the file named on the command line, not the last run's file.
     if (run.append && run.output)
         form.previousOutputFile = std::filesystem::absolute(*run.output).string();
+    if (auto problem = setInputFormat(controller, run))
+        return problem;
     if (auto problem = setOutputFormat(form, run))
         return problem;
     if (auto problem = setRange(form, run, output))

@@ -1,5 +1,7 @@
 #include "TerminalDialogs.h"
 
+#include "TerminalConfirmForm.h"
+#include "TerminalInstructionForm.h"
 #include "ui/DisplayText.h"
 
 #include <filesystem>
@@ -124,7 +126,9 @@ std::optional<std::string> TerminalDialogs::chooseFileToOpen(const FileChoice& c
 }
 
 std::optional<std::string> TerminalDialogs::chooseFileToSave(const FileChoice& choice) {
-    if (outputPath_)
+    // -o names the output only: a continuation file saved there would take its place.
+    bool continuation = choice.extensions == std::vector<std::string>{"tvcn"};
+    if (outputPath_ && !continuation)
         return outputPath_;
     // The command line is where an output file is named; without one, the name a save panel
     // would suggest, in the folder the command runs in.
@@ -135,6 +139,18 @@ std::optional<std::string> TerminalDialogs::chooseFileToAppendTo(const FileChoic
     if (outputPath_)
         return outputPath_;
     return readPath(choice.prompt.empty() ? "Append To" : choice.prompt, "");
+}
+
+ConfirmAction TerminalDialogs::confirmTransaction(ConfirmForm& form) {
+    if (batch_)
+        return Dialogs::confirmTransaction(form);
+    return answerConfirmForm(form, in_, out_);
+}
+
+NewInstructionAction TerminalDialogs::newInstruction(NewInstructionForm& form) {
+    if (batch_)
+        return Dialogs::newInstruction(form);
+    return answerNewInstructionForm(form, in_, out_);
 }
 
 bool TerminalDialogs::renameFormat(RenameFormatForm& form) {

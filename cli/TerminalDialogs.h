@@ -29,9 +29,20 @@ public:
     ErrorWarningAnswer errorWarning(const std::string& message, const std::string& text,
                                     const std::string& buttonTitle, bool offerDontWarn) override;
     CancelAnswer cancelQuestion() override;
+    // Printed and answered with typed commands; under --batch accepted as shown (the
+    // confirmation form) or output as read (the new-instruction form), without a word.
+    ConfirmAction confirmTransaction(ConfirmForm& form) override;
+    NewInstructionAction newInstruction(NewInstructionForm& form) override;
     std::optional<std::string> chooseFileToOpen(const FileChoice& choice) override;
     std::optional<std::string> chooseFileToSave(const FileChoice& choice) override;
     std::optional<std::string> chooseFileToAppendTo(const FileChoice& choice) override;
+
+    // The forms of the dialogue that learns an input format, and the name asked for a new
+    // format when no stored one fits (TerminalLearn*.cpp).
+    LearnAction learnDate(LearnDateForm& form) override;
+    LearnAction learnLayout(LearnLayoutForm& form) override;
+    LearnAction learnQuestion(LearnQuestionForm& form) override;
+    std::optional<std::string> nameForNewFormat();
 
     // The rename form of an imported input format: Return keeps the name, "." cancels; under
     // --batch the name is kept. True when the form was confirmed.

@@ -38,6 +38,14 @@ enum class RunEnd {
     continuationNotSaved,
 };
 
+// What the input format box's learn action did.
+enum class LearnEnd {
+    focusStays, // no name was typed
+    existing,   // the name is a stored format, which is now the run's input format
+    learned,    // a format was learned, stored, and is now the run's input format
+    cancelled,  // the user left the learning dialogue; nothing was stored
+};
+
 class Controller {
 public:
     Controller(Context& ctx, Dialogs& dialogs);
@@ -62,6 +70,14 @@ public:
     // processTheTransactions: — the process button. `mainWindowVisible` is false when the run
     // started by itself (the suggested file name differs then).
     RunEnd processTheTransactions(bool mainWindowVisible = true);
+
+    // learn: — the input format box's action with the typed name: a name that is not a stored
+    // input format is learned from the run's input text.
+    LearnEnd learn(const std::string& name);
+
+    // inputFormatSet — the input format named in the run form (ignoring case), with the
+    // account type and kind it implies; a name that names no format leaves the text unknown.
+    void inputFormatSet(std::string name);
 
     RunForm& form() { return form_; }
     OutputFormats& outputFormats() { return writer_; }

@@ -9,6 +9,7 @@
 #include "app/RunSettings.h"
 #include "bank/QifInputTypes.h"
 #include "context/Context.h"
+#include "formats/Extract.h"
 #include "formats/ExtractKeys.h"
 #include "formats/OutputFormatKeys.h"
 #include "knowledge/Accounts.h"
@@ -50,12 +51,6 @@ bool startsWith(std::string_view text, std::string_view prefix) {
     return text.substr(0, prefix.size()) == prefix;
 }
 
-// Formats whose dates stand just after a line end read the copy that begins with one, so that
-// a date on the first line has its line end too.
-std::string textForFormat(const std::string& text, const Dictionary& format) {
-    return textOf(format, fmtkey::DateStart) == "\n" ? "\n" + text : text;
-}
-
 // A suggested file name never holds "/": dates in it are written with "-".
 std::string fileNameDate(std::string date) {
     std::replace(date.begin(), date.end(), '/', '-');
@@ -66,6 +61,8 @@ std::string fileNameDate(std::string date) {
 
 Intake Controller::extract() {
     doingExtract = true;
+    // Text is read from fileAsString alone; its lines would only hold memory through the run.
+    std::vector<std::string>().swap(fileAsLines);
     controlHelpAnchor = "Text";
     if (optionOn(ctx_.prefs, option::append) && !checkAccountsForAppend())
         return Intake::refused;
@@ -93,12 +90,17 @@ Intake Controller::extract() {
             bestLength = match.size();
         }
     }
-    if (!winner) {
+    inputFormatSet(winner ? textOf(*winner, "Name") : std::string());
+    return Intake::formReady;
+}
+
+void Controller::inputFormatSet(std::string name) {
+    std::optional<Dictionary> format = Formats(ctx_.prefs).formatForName(name);
+    if (!format) {
         ctx_.gType = kTypeTextWithoutFormat;
         form_.setInput({true, "Unknown", 4, account});
-        form_.setInputFormatName("");
     } else {
-        std::string type = textOf(*winner, "FormatType");
+        std::string type = textOf(*format, "FormatType");
         bool showAll = optionOn(ctx_.prefs, option::showAllAccountNames);
         if (type == "Investment")
             ctx_.gType = kTypeInvestment;
@@ -106,10 +108,10 @@ Intake Controller::extract() {
             ctx_.gType = type == "Bank" ? kTypeBank : kTypeCreditCard;
         int kind = type == "Investment" ? 2 : showAll ? 3 : ctx_.gType;
         form_.setInput({true, type, kind, account});
-        form_.setInputFormatName(textOf(*winner, "Name"));
+        name = textOf(*format, "Name");
     }
+    form_.setInputFormatName(std::move(name));
     form_.fillInAccountAndOutputPart();
-    return Intake::formReady;
 }
 
 WalkOptions Controller::walkOptions() const {
@@ -202,8 +204,8 @@ bool Controller::readTransactions(Date from, Date to) {
         }
         // Investment text is not read yet: it is refused as a format that does not fit.
         bool read = textOf(*format, fmtkey::FormatType) != fmtkey::Investment &&
-                    reader_.fromFormattedText(textForFormat(fileAsString, *format), *format, from,
-                                              to, warning_);
+                    reader_.fromFormattedText(textAsRead(fileAsString, *format), *format, from, to,
+                                              warning_);
         if (!read)
             statusAlert(text::invalidFormatTitle, text::invalidFormat, source);
         return read;

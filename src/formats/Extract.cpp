@@ -8,11 +8,18 @@
 #include "formats/ExtractKeys.h"
 #include "formats/ExtractRun.h"
 #include "recognize/FindDate.h"
+#include "recognize/InputFormatKeys.h"
 #include "recognize/WordMonthTable.h"
 
 #include <algorithm>
 
 namespace tavvel {
+
+std::string textAsRead(std::string_view text, const Dictionary& format) {
+    if (textOf(format, fmtkey::DateStart) == "\n")
+        return "\n" + std::string(text);
+    return std::string(text);
+}
 
 Extract::Extract(Context& ctx) : ctx_(ctx) {}
 

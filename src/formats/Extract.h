@@ -32,6 +32,10 @@ struct LayoutChoice {
     bool nonUScharacters = false;
 };
 
+// The text a reading run cuts with this format: a format whose dates follow a line end reads
+// the text with one put in front, so that a date on the very first line opens a transaction too.
+std::string textAsRead(std::string_view text, const Dictionary& format);
+
 class Extract {
 public:
     explicit Extract(Context& ctx);
@@ -58,8 +62,8 @@ public:
     std::string_view currentTransactionText() const;
 
     // parseFields: — stores the layout choices in the format under construction, cuts
-    // inputCsave with it again, and rebuilds the preview table (transactionsAsFields and
-    // previewColumns).
+    // inputCsave with it again (as a reading run would read it), and rebuilds the preview table
+    // (transactionsAsFields and previewColumns).
     void parseFields(const LayoutChoice& layout, Dictionary& format);
 
     std::vector<std::string_view> transactionsAsLines;

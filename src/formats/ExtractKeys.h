@@ -11,6 +11,7 @@ inline constexpr std::string_view OneTransactionPerLine = "OneTransactionPerLine
 inline constexpr std::string_view firstLineStartsWithTransactionDate =
     "firstLineStartsWithTransactionDate";
 
+inline constexpr std::string_view Name = "Name";
 inline constexpr std::string_view FormatType = "FormatType";
 inline constexpr std::string_view Match = "Match";
 inline constexpr std::string_view Investment = "Investment"; // the FormatType of investments
@@ -29,6 +30,9 @@ inline constexpr std::string_view Indicator = "Indicator";
 // Texts, not indexes: what marks a debit or a credit in the Indicator field.
 inline constexpr std::string_view DebitIndicator = "DebitIndicator";
 inline constexpr std::string_view CreditIndicator = "CreditIndicator";
+
+// Investment formats: the security assumed when a transaction names none.
+inline constexpr std::string_view AssumedSecurity = "AssumedSecurity";
 
 // Present: every amount is read with the opposite sign.
 inline constexpr std::string_view InvertAmount = "InvertAmount";

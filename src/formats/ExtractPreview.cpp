@@ -52,8 +52,7 @@ void Extract::parseFields(const LayoutChoice& layout, Dictionary& format) {
     storeSwitch(format, fmtkey::OneTransactionPerLine, layout.oneTransactionPerLine);
     storeSwitch(format, fmtkey::nonUScharacters, layout.nonUScharacters);
 
-    const std::string sample = inputCsave;
-    splitTextIntoLines(sample, format);
+    splitTextIntoLines(textAsRead(inputCsave, format), format);
     transactionsAsFields.clear();
     transactionsAsFields.reserve(transactionsAsLines.size());
     previewColumns = 0;

@@ -52,7 +52,7 @@ bool Categories::doAddCategory(std::string_view category, std::string_view brack
     auto before = std::find_if(categories.begin(), categories.end(), [&](const Value& entry) {
         return isBareTransfer(entry.text()) || compareIgnoringCase(entry.text(), category) > 0;
     });
-    categories.insert(before, Value(category));
+    categories.emplace(before, category);
     write(std::move(categories));
     return true;
 }

@@ -52,7 +52,7 @@ std::size_t Formats::place(Array& formats, const Dictionary& record) const {
         if (order > 0)
             break;
     }
-    formats.insert(formats.begin() + static_cast<std::ptrdiff_t>(at), Value(record));
+    formats.emplace(formats.begin() + static_cast<std::ptrdiff_t>(at), record);
     return at;
 }
 

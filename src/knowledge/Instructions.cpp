@@ -111,7 +111,7 @@ std::size_t Instructions::setInstruction(const Dictionary& instruction) {
     Slot slot = slotFor(instructions, matchTextOf(instruction));
     auto at = instructions.begin() + static_cast<std::ptrdiff_t>(slot.position);
     if (!slot.replaces) {
-        instructions.insert(at, Value(instruction));
+        instructions.emplace(at, instruction);
         write(std::move(instructions));
         index_.inserted(slot.position, Value(instruction));
         return slot.position;

@@ -14,6 +14,10 @@ namespace tavvel {
 
 class ConfirmForm;
 class NewInstructionForm;
+class LearnDateForm;
+class LearnLayoutForm;
+class LearnQuestionForm;
+enum class LearnAction;
 
 // What the user did in the confirmation form.
 enum class ConfirmAction {
@@ -76,6 +80,13 @@ public:
     virtual ConfirmAction confirmTransaction(ConfirmForm& form);
     // The new-instruction form; a front end that never asks outputs the transaction as read.
     virtual NewInstructionAction newInstruction(NewInstructionForm& form);
+
+    // The three forms of the dialogue that learns an input format; each returns the button
+    // pressed, the front end forwarding selections to the form meanwhile. A front end that
+    // never asks cancels, so nothing is learned.
+    virtual LearnAction learnDate(LearnDateForm& form);
+    virtual LearnAction learnLayout(LearnLayoutForm& form);
+    virtual LearnAction learnQuestion(LearnQuestionForm& form);
 
     // File panels: the chosen path, or nothing when the user cancelled.
     virtual std::optional<std::string> chooseFileToOpen(const FileChoice& choice) = 0;

@@ -209,6 +209,10 @@ void RunForm::setAppendSwitch(bool on) {
     appendSwitchOn = on;
 }
 
+std::vector<std::string> RunForm::inputFormatChoices() const {
+    return Formats(ctx_.prefs).exportMenuTitles();
+}
+
 bool RunForm::inputFormatExists() const {
     return Formats(ctx_.prefs).formatForName(inputFormatName).has_value();
 }

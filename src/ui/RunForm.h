@@ -52,6 +52,9 @@ public:
     void chooseQifType(int index) { qifType = index; }
     void chooseQfxType(int index) { qfxType = index; }
 
+    // The input-format box's list: the stored formats' names in store order.
+    std::vector<std::string> inputFormatChoices() const;
+
     // checkEverythingFilledIn:
     bool processEnabled() const;
 

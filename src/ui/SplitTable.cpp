@@ -10,8 +10,6 @@
 
 namespace tavvel {
 
-namespace {
-
 std::string_view keyOf(SplitColumn column) {
     switch (column) {
     case SplitColumn::category:
@@ -23,6 +21,8 @@ std::string_view keyOf(SplitColumn column) {
     }
     return txkey::amount;
 }
+
+namespace {
 
 Dictionary blankSplit() {
     return Dictionary{{std::string(txkey::category), Value("")},

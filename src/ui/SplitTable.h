@@ -18,6 +18,8 @@ namespace tavvel {
 class TvPrefs;
 
 enum class SplitColumn { category, memo, amount };
+// The split record's key of a column.
+std::string_view keyOf(SplitColumn column);
 
 // The reader's normalizeQIFAmountIn: for one split record.
 using AmountNormaliser = std::function<void(Dictionary&)>;

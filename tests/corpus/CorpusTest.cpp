@@ -24,7 +24,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-const fs::path kCorpus = TAVVEL_CORPUS_DIR;
+const fs::path kCorpus = test::corpusFolder();
 
 // A front end that never asks: every question takes its first button, error records are
 // skipped, and the output goes to one file.

@@ -65,6 +65,44 @@ ScriptedDialogs& ScriptedDialogs::expectNewInstruction(
     return *this;
 }
 
+ScriptedDialogs&
+ScriptedDialogs::expectLearnDate(std::function<LearnAction(LearnDateForm&)> handler) {
+    Step step = makeStep("learnDate", "", 0, {}, false);
+    step.learnDate = std::move(handler);
+    script_.push_back(std::move(step));
+    return *this;
+}
+
+ScriptedDialogs&
+ScriptedDialogs::expectLearnLayout(std::function<LearnAction(LearnLayoutForm&)> handler) {
+    Step step = makeStep("learnLayout", "", 0, {}, false);
+    step.learnLayout = std::move(handler);
+    script_.push_back(std::move(step));
+    return *this;
+}
+
+ScriptedDialogs&
+ScriptedDialogs::expectLearnQuestion(std::function<LearnAction(LearnQuestionForm&)> handler) {
+    Step step = makeStep("learnQuestion", "", 0, {}, false);
+    step.learnQuestion = std::move(handler);
+    script_.push_back(std::move(step));
+    return *this;
+}
+
+// The forms' titles change with the statement type and name, so only their kind is checked;
+// the handler sees the title and the prompt.
+LearnAction ScriptedDialogs::learnDate(LearnDateForm& form) {
+    return next({"learnDate", "", form.title, {}}).learnDate(form);
+}
+
+LearnAction ScriptedDialogs::learnLayout(LearnLayoutForm& form) {
+    return next({"learnLayout", "", form.title, {}}).learnLayout(form);
+}
+
+LearnAction ScriptedDialogs::learnQuestion(LearnQuestionForm& form) {
+    return next({"learnQuestion", "", form.prompt, {}}).learnQuestion(form);
+}
+
 ConfirmAction ScriptedDialogs::confirmTransaction(ConfirmForm& form) {
     Step step = next({"confirm", form.title(), form.description(), {}});
     return step.confirm(form);

@@ -5,6 +5,7 @@
 
 #include "ui/ConfirmForm.h"
 #include "ui/Dialogs.h"
+#include "ui/LearnForms.h"
 #include "ui/NewInstructionForm.h"
 
 #include <deque>
@@ -47,6 +48,11 @@ public:
     // Expect the new-instruction form, likewise.
     ScriptedDialogs&
     expectNewInstruction(std::function<NewInstructionAction(NewInstructionForm&)> handler);
+    // Expect the forms of the dialogue that learns an input format; the handler selects what a
+    // user would and returns the button pressed.
+    ScriptedDialogs& expectLearnDate(std::function<LearnAction(LearnDateForm&)> handler);
+    ScriptedDialogs& expectLearnLayout(std::function<LearnAction(LearnLayoutForm&)> handler);
+    ScriptedDialogs& expectLearnQuestion(std::function<LearnAction(LearnQuestionForm&)> handler);
     // Expect the cancel question, answered with the choice.
     ScriptedDialogs& expectCancelQuestion(CancelChoice choice, bool makePermanent = false);
 
@@ -58,6 +64,9 @@ public:
     CancelAnswer cancelQuestion() override;
     ConfirmAction confirmTransaction(ConfirmForm& form) override;
     NewInstructionAction newInstruction(NewInstructionForm& form) override;
+    LearnAction learnDate(LearnDateForm& form) override;
+    LearnAction learnLayout(LearnLayoutForm& form) override;
+    LearnAction learnQuestion(LearnQuestionForm& form) override;
     std::optional<std::string> chooseFileToOpen(const FileChoice& choice) override;
     std::optional<std::string> chooseFileToSave(const FileChoice& choice) override;
     std::optional<std::string> chooseFileToAppendTo(const FileChoice& choice) override;
@@ -80,6 +89,9 @@ protected:
         bool flag = false;
         std::function<ConfirmAction(ConfirmForm&)> confirm;
         std::function<NewInstructionAction(NewInstructionForm&)> newInstruction;
+        std::function<LearnAction(LearnDateForm&)> learnDate;
+        std::function<LearnAction(LearnLayoutForm&)> learnLayout;
+        std::function<LearnAction(LearnQuestionForm&)> learnQuestion;
     };
     static Step makeStep(std::string kind, std::string title, std::size_t answer,
                          std::optional<std::string> path, bool flag);

@@ -38,6 +38,11 @@ Places placesIn(const std::filesystem::path& folder) {
     return places;
 }
 
+std::filesystem::path corpusFolder() {
+    const char* set = std::getenv("TAVVEL_CORPUS_DIR");
+    return set && *set ? std::filesystem::path(set) : std::filesystem::path(TAVVEL_CORPUS_DIR);
+}
+
 Clock fixedClock(int year, int month, int day) {
     useProcessTimeZone();
     return Clock::fixed(Date{localMidnight(year, month, day).seconds + 12 * 3600});

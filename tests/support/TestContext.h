@@ -27,6 +27,10 @@ const Configuration& shippedConfiguration();
 // Places inside the folder: prefs in <folder>/config/Tavvel, home <folder>/home.
 Places placesIn(const std::filesystem::path& folder);
 
+// The shared corpus of real statements: $TAVVEL_CORPUS_DIR when set, otherwise the folder
+// beside the source tree. It may be absent; tests over it skip then.
+std::filesystem::path corpusFolder();
+
 // A fixed instant: local noon of the given day.
 Clock fixedClock(int year, int month, int day);
 

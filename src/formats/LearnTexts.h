@@ -1,0 +1,79 @@
+#pragma once
+// What the dialogue that learns an input format says, word for word, and the keys of its
+// question tables.
+
+#include <string>
+#include <string_view>
+
+namespace tavvel::text {
+
+inline constexpr std::string_view learnDateTitle = "Create Input Format: %@";
+// The statement type's title, then the format's name.
+inline constexpr std::string_view learnTitle = "Create %@ Input Format: %@";
+
+inline constexpr std::string_view badDateTitle = "Bad Date";
+inline constexpr std::string_view dateAtTextStart =
+    "The text you selected starts at the beginning of the input text.  Please try again to "
+    "select a date that starts a transaction, but not the start of the input text.  You can hit "
+    "CANCEL to start over.";
+inline constexpr std::string_view noDateSelected =
+    "You have not selected a date.  Please try again to select a date that starts a "
+    "transaction.  If you cannot find a date by scrolling, then perhaps the input text does not "
+    "contain transactions.  You can hit CANCEL to start over.";
+inline constexpr std::string_view notJustADate =
+    "The text you selected does not appear to contain just a date.  Don't select any blanks "
+    "around the date.  Please try again to select a date that starts a transaction.  If you "
+    "cannot find a date by scrolling, then perhaps the input text does not contain "
+    "transactions.  You can hit CANCEL to start over.";
+inline constexpr std::string_view notEnoughTransactionsTitle = "Not Enough Transactions";
+inline constexpr std::string_view notEnoughTransactions =
+    "The input text does not appear to contain at least 2 transactions.  Try again with at "
+    "least 2 transactions.";
+
+inline constexpr std::string_view noColumnSelectedTitle = "No Column Selected";
+inline constexpr std::string_view columnAlreadyUsedTitle = "Column Already Used";
+inline constexpr std::string_view columnAlreadyUsed =
+    "The column you selected is already used for \"%@\".  If that is wrong, you need to press "
+    "CANCEL and start over.  Or, you can select a different column and proceed.";
+inline constexpr std::string_view noTextSelectedTitle = "No Text Selected";
+
+// A column whose cells hold a text that a field-match answer picked out.
+inline constexpr std::string_view fieldMatchMark = "\u2B07\uFE0E";
+inline constexpr std::string_view twoTitles = "%@ & %@";
+inline constexpr std::string_view fieldMatchEntry = "%@: ";
+inline constexpr std::string_view fieldMatchSeparator = "  |  ";
+
+// Each "%@" in turn replaced by the next argument.
+inline std::string filledIn(std::string_view format, std::string_view first,
+                            std::string_view second = {}) {
+    std::string out(format);
+    for (std::string_view argument : {first, second}) {
+        const std::size_t at = out.find("%@");
+        if (at == std::string::npos)
+            break;
+        out.replace(at, 2, argument);
+    }
+    return out;
+}
+
+} // namespace tavvel::text
+
+namespace tavvel::questionkey {
+
+inline constexpr std::string_view Prompt = "Prompt";
+inline constexpr std::string_view Field = "Field";
+inline constexpr std::string_view FieldMatch = "FieldMatch";
+inline constexpr std::string_view Error = "Error";
+inline constexpr std::string_view Yes = "Yes";
+inline constexpr std::string_view No = "No";
+inline constexpr std::string_view InvertAmount = "InvertAmount";
+inline constexpr std::string_view CheckSharesOrPrice = "CheckSharesOrPrice";
+inline constexpr std::string_view CheckSecurity = "CheckSecurity";
+inline constexpr std::string_view Stop = "Stop";
+inline constexpr std::string_view Done = "Done";
+
+// The wrapping of a question list being walked.
+inline constexpr std::string_view questions = "questions";
+inline constexpr std::string_view index = "index";
+
+} // namespace tavvel::questionkey
