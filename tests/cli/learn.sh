@@ -6,10 +6,13 @@
 source "$(dirname "$0")/lib/setup.bash" "$1"
 first_start
 
+# Text transactions are confirmed one by one: after the learning answers, each takes an "ok".
+oks() { printf 'ok\n%.0s' {1..20}; }
+
 # learn NAME STATEMENT ANSWERS: --learn NAME with the answers piped in, output in learned.qif.
 learn() {
     rm -f "$tmp/learned.qif"
-    printf '%s\n' "$3" | "$cli" --learn "$1" -o "$tmp/learned.qif" "$2" >"$tmp/out" 2>"$tmp/err" ||
+    { printf '%s\n' "$3"; oks; } | "$cli" --learn "$1" -o "$tmp/learned.qif" "$2" >"$tmp/out" 2>"$tmp/err" ||
         fail "learning $1 failed: $(tail -20 "$tmp/err")"
 }
 
@@ -114,8 +117,11 @@ T2100.00
 ^
 '
 # No stored format fits, so the name is asked for; the answers follow it.
-printf '%s\n' 'Harbour Web' 'match Harbour Online Banking' 'date 8 Jan 6, 2024' ok 'layout 3' ok \
-    'column 2' ok 'column 3' ok ok ok yes yes 'column 4' ok no ok |
+{
+    printf '%s\n' 'Harbour Web' 'match Harbour Online Banking' 'date 8 Jan 6, 2024' ok 'layout 3' ok \
+        'column 2' ok 'column 3' ok ok ok yes yes 'column 4' ok no ok
+    oks
+} |
     "$cli" -o "$tmp/web.qif" "$tmp/web.txt" >"$tmp/out" 2>"$tmp/err" ||
     fail "learning from the web page failed: $(tail -20 "$tmp/err")"
 same "$tmp/web.qif" "$web_qif"
@@ -153,7 +159,10 @@ cmp -s "$prefs" "$tmp/before" || fail "a wrong --learn changed the store"
 # standard input is no name for a new format. The text has no heading, so its first date
 # opens it.
 printf '01/07/2024,TEA,-2.00\n01/08/2024,BUS,-1.50\n' >"$tmp/bare.csv"
-printf 'Tea Format\n' |
+{
+    printf 'Tea Format\n'
+    oks
+} |
     "$cli" --input-format "Lakeside CSV" -o "$tmp/bare.qif" "$tmp/bare.csv" >"$tmp/out" 2>"$tmp/err" ||
     fail "--input-format on a terminal failed: $(tail -20 "$tmp/err")"
 same "$tmp/bare.qif" $'!Type:Bank\nD1/7/2024\nPTEA\nT-2.00\n^\nD1/8/2024\nPBUS\nT-1.50\n^\n'

@@ -12,7 +12,8 @@ learn() {
     local expected=$examples/${sample%.*}.qif
     rm -rf "$XDG_CONFIG_HOME" "$tmp/learned.qif" "$tmp/again.qif"
     first_start
-    printf '%s\n' "$answers" |
+    # Text transactions are confirmed one by one: each takes an "ok" after the answers.
+    { printf '%s\n' "$answers"; printf 'ok\n%.0s' {1..20}; } |
         "$cli" --learn "$name" -o "$tmp/learned.qif" "$examples/$sample" >"$tmp/out" 2>"$tmp/err" ||
         fail "learning $sample failed: $(tail -20 "$tmp/err")"
     cmp -s "$tmp/learned.qif" "$expected" ||
