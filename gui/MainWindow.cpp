@@ -52,6 +52,7 @@ MainWindow::MainWindow(Context& ctx, QtDialogs& dialogs, QWidget* parent)
     pages_->addWidget(runForm_);
     setCentralWidget(pages_);
     connect(runForm_, &RunFormView::processRequested, this, &MainWindow::processTransactions);
+    connect(learn_, &QAction::triggered, this, &MainWindow::learnInputFormat);
     clipboardTimer_.setSingleShot(true);
     clipboardTimer_.setInterval(1000);
     connect(&clipboardTimer_, &QTimer::timeout, this, &MainWindow::processNoticedClipboard);
@@ -140,6 +141,11 @@ void MainWindow::processNoticedClipboard() {
 
 void MainWindow::processTransactions() {
     controller_->processTheTransactions(isVisible());
+    showState();
+}
+
+void MainWindow::learnInputFormat() {
+    controller_->learn(controller_->form().inputFormatName);
     showState();
 }
 

@@ -47,6 +47,8 @@ public:
     void openWithDialog();
     void processClipboard();
     void processTransactions();
+    // The learn action: learns the input format named in the run form from the statement.
+    void learnInputFormat();
 
 protected:
     void dragEnterEvent(QDragEnterEvent* event) override;

@@ -1,6 +1,9 @@
 #include "QtDialogs.h"
 
 #include "ConfirmDialog.h"
+#include "LearnDateDialog.h"
+#include "LearnLayoutDialog.h"
+#include "LearnQuestionDialog.h"
 #include "NewInstructionDialog.h"
 #include "Text.h"
 #include "ui/DialogTexts.h"
@@ -40,6 +43,20 @@ QString fileDialogTitle(const FileChoice& choice, bool save) {
     if (!choice.prompt.empty())
         return qt(choice.prompt);
     return save ? QStringLiteral("Save") : QStringLiteral("Open");
+}
+
+// A form's window run modally; the button pressed in it is the answer.
+template <class Window, class Form> auto answerOf(QtDialogs& dialogs, Form& form, QWidget* parent) {
+    Window window(form, parent);
+    dialogs.runModal(window);
+    return window.action();
+}
+
+template <class Window, class Form>
+auto answerOf(QtDialogs& dialogs, Form& form, TvPrefs& prefs, QWidget* parent) {
+    Window window(form, prefs, parent);
+    dialogs.runModal(window);
+    return window.action();
 }
 
 } // namespace
@@ -106,15 +123,23 @@ CancelAnswer QtDialogs::cancelQuestion() {
 }
 
 ConfirmAction QtDialogs::confirmTransaction(ConfirmForm& form) {
-    ConfirmDialog dialog(form, prefs_, parent_);
-    runModal(dialog);
-    return dialog.action();
+    return answerOf<ConfirmDialog>(*this, form, prefs_, parent_);
 }
 
 NewInstructionAction QtDialogs::newInstruction(NewInstructionForm& form) {
-    NewInstructionDialog dialog(form, prefs_, parent_);
-    runModal(dialog);
-    return dialog.action();
+    return answerOf<NewInstructionDialog>(*this, form, prefs_, parent_);
+}
+
+LearnAction QtDialogs::learnDate(LearnDateForm& form) {
+    return answerOf<LearnDateDialog>(*this, form, parent_);
+}
+
+LearnAction QtDialogs::learnLayout(LearnLayoutForm& form) {
+    return answerOf<LearnLayoutDialog>(*this, form, parent_);
+}
+
+LearnAction QtDialogs::learnQuestion(LearnQuestionForm& form) {
+    return answerOf<LearnQuestionDialog>(*this, form, parent_);
 }
 
 std::optional<std::string> QtDialogs::chooseFile(const FileChoice& choice, bool save) {

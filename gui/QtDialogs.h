@@ -32,6 +32,9 @@ public:
     CancelAnswer cancelQuestion() override;
     ConfirmAction confirmTransaction(ConfirmForm& form) override;
     NewInstructionAction newInstruction(NewInstructionForm& form) override;
+    LearnAction learnDate(LearnDateForm& form) override;
+    LearnAction learnLayout(LearnLayoutForm& form) override;
+    LearnAction learnQuestion(LearnQuestionForm& form) override;
     std::optional<std::string> chooseFileToOpen(const FileChoice& choice) override;
     std::optional<std::string> chooseFileToSave(const FileChoice& choice) override;
     std::optional<std::string> chooseFileToAppendTo(const FileChoice& choice) override;
