@@ -6,6 +6,7 @@
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QFontDatabase>
+#include <QFontMetrics>
 #include <QFormLayout>
 #include <QLabel>
 #include <QPlainTextEdit>
@@ -82,7 +83,6 @@ LearnDateDialog::LearnDateDialog(LearnDateForm& form, QWidget* parent)
     addButton(buttons, tr("Cancel"), LearnAction::cancel);
     addButton(buttons, tr("OK"), LearnAction::ok)->setDefault(true);
     layout->addWidget(buttons);
-    resize(720, 560);
 }
 
 QPlainTextEdit* LearnDateDialog::textView(const std::string& text, const char* name) {
@@ -92,6 +92,10 @@ QPlainTextEdit* LearnDateDialog::textView(const std::string& text, const char* n
     view->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     view->setLineWrapMode(QPlainTextEdit::NoWrap);
     view->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    // Room for a statement line of 80 characters and a dozen lines, at any font size.
+    const QFontMetrics metrics(view->font());
+    view->setMinimumSize(metrics.horizontalAdvance(QLatin1Char('0')) * 82,
+                         metrics.lineSpacing() * 12);
     return view;
 }
 

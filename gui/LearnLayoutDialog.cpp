@@ -51,7 +51,7 @@ LearnLayoutDialog::LearnLayoutDialog(LearnLayoutForm& form, QWidget* parent)
     layout->addWidget(hint);
     preview_ = new QTableWidget(this);
     preview_->setObjectName(QStringLiteral("preview"));
-    preview_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    setUpPreview(*preview_);
     layout->addWidget(preview_, 1);
 
     auto* buttons = new QDialogButtonBox(this);
@@ -60,7 +60,6 @@ LearnLayoutDialog::LearnLayoutDialog(LearnLayoutForm& form, QWidget* parent)
     addButton(buttons, tr("OK"), LearnAction::ok)->setDefault(true);
     layout->addWidget(buttons);
     showState();
-    resize(760, 520);
 }
 
 void LearnLayoutDialog::showState() {

@@ -19,14 +19,13 @@ LearnQuestionDialog::LearnQuestionDialog(LearnQuestionForm& form, QWidget* paren
     build();
     showPreview(*table_, form.table, form.columnTitles);
     showState();
-    resize(760, 560);
 }
 
 void LearnQuestionDialog::build() {
     auto* layout = new QVBoxLayout(this);
     table_ = new QTableWidget(this);
     table_->setObjectName(QStringLiteral("sample"));
-    table_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    setUpPreview(*table_);
     table_->setSelectionMode(QAbstractItemView::SingleSelection);
     connect(table_, &QTableWidget::cellClicked, this, &LearnQuestionDialog::cellClicked);
     connect(table_->horizontalHeader(), &QHeaderView::sectionClicked, this,

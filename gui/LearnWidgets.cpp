@@ -4,6 +4,7 @@
 #include "ui/DisplayText.h"
 
 #include <QDialogButtonBox>
+#include <QFontMetrics>
 #include <QHeaderView>
 #include <QPushButton>
 #include <QTableWidget>
@@ -20,6 +21,14 @@ QPushButton* LearnDialog::addButton(QDialogButtonBox* box, const QString& title,
         done(action == LearnAction::cancel ? QDialog::Rejected : QDialog::Accepted);
     });
     return button;
+}
+
+void setUpPreview(QTableWidget& table) {
+    table.setEditTriggers(QAbstractItemView::NoEditTriggers);
+    table.setSizeAdjustPolicy(QAbstractScrollArea::AdjustToContents);
+    const QFontMetrics metrics(table.font());
+    table.setMinimumSize(metrics.averageCharWidth() * 60, metrics.lineSpacing() * 8);
+    table.setMaximumSize(metrics.averageCharWidth() * 160, metrics.lineSpacing() * 40);
 }
 
 void showPreview(QTableWidget& table, const PreviewTable& preview,

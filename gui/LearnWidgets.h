@@ -29,6 +29,10 @@ private:
     LearnAction action_ = LearnAction::cancel;
 };
 
+// A table for the sample: as large as its cells, up to what fits beside the window's other
+// parts; never edited.
+void setUpPreview(QTableWidget& table);
+
 // Fills the table with the rows of the sample; each column is headed by its number and, below
 // it, its title when it has one.
 void showPreview(QTableWidget& table, const PreviewTable& preview,

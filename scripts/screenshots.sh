@@ -14,6 +14,6 @@ mkdir -p "$out"
 for scale in 1 1.5; do
     suffix=$([[ $scale == 1 ]] && echo "" || echo "@1.5x")
     QT_QPA_PLATFORM=xcb xvfb-run -a -s "-screen 0 1600x1200x24" \
-        "$program" examples/checking.ofx "$out" "$scale" "$suffix"
+        "$program" examples/checking.ofx "$out" "$scale" "$suffix" examples/web-page.txt
 done
 ls "$out"

@@ -1,14 +1,20 @@
 // tavvel-screenshots: the desktop application's windows saved as PNG files for the README.
 // It starts the application on fresh preferences in a temporary folder, opens the sample
 // statement with every transaction to be confirmed, and saves each kind of window the run
-// shows the first time it shows it, answering it as a user taking the defaults would.
+// shows the first time it shows it, answering it as a user taking the defaults would. Given a
+// text statement too, it then learns a format from it, saving the three learning windows
+// (the second date selected, the guessed layout, the first question) before cancelling.
 //
-//   tavvel-screenshots STATEMENT OUTPUT-FOLDER [FONT-SCALE] [SUFFIX]
+//   tavvel-screenshots STATEMENT OUTPUT-FOLDER [FONT-SCALE] [SUFFIX] [TEXT-STATEMENT]
 
 #include "ConfirmDialog.h"
+#include "LearnDateDialog.h"
+#include "LearnLayoutDialog.h"
+#include "LearnQuestionDialog.h"
 #include "MainWindow.h"
 #include "NewInstructionDialog.h"
 #include "QtDialogs.h"
+#include "app/Controller.h"
 #include "app/StartUp.h"
 #include "context/Context.h"
 #include "prefs/Settings.h"
@@ -18,7 +24,9 @@
 #include <QDialog>
 #include <QFileDialog>
 #include <QMessageBox>
+#include <QPlainTextEdit>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <set>
 
@@ -51,12 +59,40 @@ public:
         if (dynamic_cast<gui::ConfirmDialog*>(&dialog))
             return answer(dialog, QStringLiteral("confirmation"), QStringLiteral("Add Instruction"),
                           QStringLiteral("OK"));
+        if (dynamic_cast<gui::LearnDateDialog*>(&dialog)) {
+            selectSecondDate(dialog);
+            return answer(dialog, QStringLiteral("learn-date"), QStringLiteral("OK"),
+                          QStringLiteral("Cancel"));
+        }
+        if (dynamic_cast<gui::LearnLayoutDialog*>(&dialog))
+            return answer(dialog, QStringLiteral("learn-layout"), QStringLiteral("OK"),
+                          QStringLiteral("Cancel"));
+        if (dynamic_cast<gui::LearnQuestionDialog*>(&dialog))
+            return answer(dialog, QStringLiteral("learn-question"), QStringLiteral("Cancel"),
+                          QStringLiteral("Cancel"));
         if (auto* box = qobject_cast<QMessageBox*>(&dialog))
             box->defaultButton()->click();
         return dialog.result();
     }
 
 private:
+    // The first date shown cannot start a transaction, so the second one is selected.
+    static void selectSecondDate(QDialog& dialog) {
+        auto* view = dialog.findChild<QPlainTextEdit*>(QStringLiteral("dateView"));
+        static const QRegularExpression date(QStringLiteral("\\d{1,2}/\\d{1,2}/\\d{4}"));
+        auto matches = date.globalMatch(view->toPlainText());
+        if (matches.hasNext())
+            matches.next();
+        if (!matches.hasNext())
+            return;
+        const QRegularExpressionMatch second = matches.next();
+        QTextCursor cursor = view->textCursor();
+        cursor.setPosition(static_cast<int>(second.capturedStart()));
+        cursor.setPosition(static_cast<int>(second.capturedEnd()), QTextCursor::KeepAnchor);
+        view->setTextCursor(cursor);
+        view->centerCursor();
+    }
+
     int answer(QDialog& dialog, const QString& name, const QString& first, const QString& later) {
         QString button = later;
         if (saved_.insert(name).second) {
@@ -107,5 +143,11 @@ int main(int argc, char** argv) {
         return 1;
     dialogs.save(window, QStringLiteral("main-window"));
     window.processTransactions();
+    if (arguments.size() > 5) {
+        if (!window.openFile(arguments.at(5)))
+            return 1;
+        window.controller().form().setInputFormatName("Summit Card");
+        window.learnInputFormat();
+    }
     return 0;
 }
