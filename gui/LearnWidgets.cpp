@@ -7,7 +7,9 @@
 #include <QFontMetrics>
 #include <QHeaderView>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTableWidget>
+#include <algorithm>
 
 namespace tavvel::gui {
 
@@ -27,7 +29,7 @@ void setUpPreview(QTableWidget& table) {
     table.setEditTriggers(QAbstractItemView::NoEditTriggers);
     table.setSizeAdjustPolicy(QAbstractScrollArea::AdjustToContents);
     const QFontMetrics metrics(table.font());
-    table.setMinimumSize(metrics.averageCharWidth() * 60, metrics.lineSpacing() * 8);
+    table.setMinimumHeight(metrics.lineSpacing() * 8);
     table.setMaximumSize(metrics.averageCharWidth() * 160, metrics.lineSpacing() * 40);
 }
 
@@ -49,6 +51,15 @@ void showPreview(QTableWidget& table, const PreviewTable& preview,
             table.setItem(static_cast<int>(r), static_cast<int>(c), item);
         }
     table.resizeColumnsToContents();
+    table.resizeRowsToContents();
+    // Qt caps a table's own size hint at 36 lines wide; the whole sample should show when the
+    // screen allows.
+    int width = table.verticalHeader()->sizeHint().width() + 2 * table.frameWidth() +
+                table.verticalScrollBar()->sizeHint().width();
+    for (int c = 0; c < table.columnCount(); ++c)
+        width += table.columnWidth(c);
+    const QFontMetrics metrics(table.font());
+    table.setMinimumWidth(std::clamp(width, metrics.averageCharWidth() * 60, table.maximumWidth()));
 }
 
 // qt() shows a CR LF pair as one new line, decodes UTF-8 (a character of four bytes takes two
