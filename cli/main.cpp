@@ -19,12 +19,6 @@ using namespace tavvel;
 
 namespace {
 
-std::filesystem::path executablePath(const char* argv0) {
-    std::error_code ec;
-    auto self = std::filesystem::read_symlink("/proc/self/exe", ec);
-    return ec ? std::filesystem::absolute(argv0) : self;
-}
-
 bool isFormatFile(const std::string& file) {
     std::string extension = std::filesystem::path(file).extension().string();
     for (char& c : extension)
@@ -81,7 +75,7 @@ int main(int argc, char** argv) {
         return kExitUsage;
     }
 
-    auto configFile = Configuration::locateFor(executablePath(argv[0]));
+    auto configFile = Configuration::locateForRunning(argv[0]);
     auto config = Configuration::load(configFile);
     if (!config) {
         std::cerr << "tavvel-cli: the configuration file " << configFile

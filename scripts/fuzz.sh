@@ -15,7 +15,7 @@ targets=("$@")
 [[ ${#targets[@]} -gt 0 ]] || targets=(ofx_reader qif_reader classification scanners property_list
     preference_file continuation_file format_file text_engine)
 
-CC=clang CXX=clang++ cmake -S . -B "$build" -G Ninja -DTAVVEL_FUZZ=ON -DTAVVEL_TESTS=OFF \
+CC=clang CXX=clang++ cmake -S . -B "$build" -G Ninja -DTAVVEL_FUZZ=ON -DTAVVEL_TESTS=OFF -DTAVVEL_GUI=OFF \
     -DCMAKE_BUILD_TYPE=RelWithDebInfo >/dev/null
 cmake --build "$build" -j"${FUZZ_JOBS:-2}" --target "${targets[@]/#/fuzz_}"
 

@@ -7,6 +7,7 @@ packages=(
     libplist-dev libicu-dev libcli11-dev
     libgtest-dev libgmock-dev libbenchmark-dev
     clang libclang-rt-14-dev
+    qt6-base-dev xvfb xauth
 )
 
 missing=()

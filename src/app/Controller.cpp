@@ -178,7 +178,7 @@ Intake Controller::classifyOFX() {
     if (!found)
         return refuse(text::invalidInputTitle, text::ofxNotBankOrCard);
     ctx_.gType = found->gType;
-    form_.setInput({false, std::string(found->shown), accountKindFor(found->gType), account});
+    form_.setInput({false, std::string(found->shown), accountKindFor(found->gType), account, true});
     form_.qfxType = 0;
     controlHelpAnchor = "QFX";
     return endClassification();

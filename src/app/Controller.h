@@ -52,6 +52,13 @@ public:
 
     // actuallyProcessFile: — reads the file (a read failure is empty text) and classifies it.
     Intake actuallyProcessFile(const std::string& path);
+    // processFile: — the open panel, limited to the statement and continuation extensions and
+    // starting in LastRootDirectory; nothing when the user cancelled.
+    std::optional<Intake> processFile();
+    // application:openFile: — a file given on the command line or dropped on the window.
+    // Nothing when refused: a run is under way and the application has not just become
+    // active.
+    std::optional<Intake> applicationOpenFile(const std::string& path);
     // processClipboard: — the clipboard's text on request (nothing: it holds no text).
     Intake processClipboard(const std::optional<std::string>& text);
     // applicationDidBecomeActive: — true when the clipboard holds new text with a date, so

@@ -61,6 +61,10 @@ bool writeFormatFile(const std::filesystem::path& file, const Dictionary& record
     return writePropertyListFile(file, Value(record));
 }
 
+bool isFormatFile(const std::filesystem::path& file) {
+    return file.extension() == ".tvfm";
+}
+
 std::string suggestedFormatFileName(std::string_view formatName) {
     return fillIn(text::formatFileName, {formatName});
 }

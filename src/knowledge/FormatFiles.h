@@ -27,6 +27,10 @@ struct FormatFileRead {
 FormatFileRead readFormatFile(const std::filesystem::path& file);
 bool writeFormatFile(const std::filesystem::path& file, const Dictionary& record);
 
+// A file opened or dropped that is an exported input format: its extension is exactly
+// "tvfm" (the open rules compare extensions with their case).
+bool isFormatFile(const std::filesystem::path& file);
+
 // The file name the save dialogue proposes: "<name>.tvfm".
 std::string suggestedFormatFileName(std::string_view formatName);
 // The folder the open and save dialogues start in (`LastRootDirectory`).

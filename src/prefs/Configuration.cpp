@@ -15,6 +15,12 @@ std::filesystem::path Configuration::locateFor(const std::filesystem::path& exec
     return executable.parent_path().parent_path() / "share" / "tavvel" / "Info.plist";
 }
 
+std::filesystem::path Configuration::locateForRunning(const char* argv0) {
+    std::error_code ec;
+    auto self = std::filesystem::read_symlink("/proc/self/exe", ec);
+    return locateFor(ec ? std::filesystem::absolute(argv0) : self);
+}
+
 const Array& Configuration::array(std::string_view key) const {
     static const Array empty;
     const Value* v = value(key);

@@ -20,6 +20,9 @@ public:
     // Where the dictionary lies for an executable: ../share/tavvel/Info.plist beside its bin/
     // folder, which holds in the build tree and after installation alike.
     static std::filesystem::path locateFor(const std::filesystem::path& executable);
+    // The dictionary of the running program, whose argv[0] is given: the executable is
+    // found through /proc/self/exe, symbolic links resolved, else from argv[0].
+    static std::filesystem::path locateForRunning(const char* argv0);
 
     const Value* value(std::string_view key) const { return find(tables_, key); }
     const Array& array(std::string_view key) const;

@@ -44,12 +44,23 @@ const std::vector<LearnDateForm::StatementType>& LearnDateForm::statementTypes()
     return types;
 }
 
+namespace {
+
+// A selection inside the text, or none when it is empty or reaches past the end.
+std::optional<TextSelection> within(TextSelection selection, std::string_view text) {
+    if (selection.length == 0 || selection.end() > text.size())
+        return std::nullopt;
+    return selection;
+}
+
+} // namespace
+
 void LearnDateForm::selectDate(TextSelection selection) {
-    if (selection.length == 0 || selection.start + selection.length > dateView.size()) {
-        dateSelection.reset();
-        return;
-    }
-    dateSelection = selection;
+    dateSelection = within(selection, dateView);
+}
+
+void LearnDateForm::selectMatch(TextSelection selection) {
+    matchSelection = within(selection, matchView);
 }
 
 bool LearnDateForm::selectDateOnLine(std::size_t line, std::string_view text) {

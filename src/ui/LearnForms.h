@@ -57,6 +57,8 @@ public:
     bool firstLineStartsWithTransactionDate = false;
 
     void selectDate(TextSelection selection);
+    // A selection made in the match view; an empty one selects nothing.
+    void selectMatch(TextSelection selection);
     // The first occurrence of the text on the date view's line (0-based); false when the line
     // does not hold it.
     bool selectDateOnLine(std::size_t line, std::string_view text);

@@ -81,6 +81,7 @@ void RunForm::fillInTransactionPart() {
 
 void RunForm::setInput(const Input& input) {
     textInput = input.text;
+    ofxInput = input.ofx;
     accountType = input.accountType;
     accountKind = input.accountKind;
     inputAccount_ = input.account;

@@ -26,6 +26,7 @@ public:
         std::string accountType;            // "Bank", "Credit Card", ... shown beside the account
         int accountKind = 4;                // which accounts the account box offers (0-4)
         std::optional<std::string> account; // named by the input
+        bool ofx = false;                   // an OFX or QFX statement
     };
 
     // fillInTransactionPartOfDialog — prefill from the stored run settings.
@@ -79,6 +80,10 @@ public:
     std::vector<std::string> outputFormatChoices;
 
     bool textInput = false;
+    bool ofxInput = false;
+    // The input type pop-ups: QIF types for QIF input, QFX types for OFX and QFX input.
+    bool qifTypeShown() const { return !textInput && !ofxInput; }
+    bool qfxTypeShown() const { return !textInput && ofxInput; }
     std::string inputFormatName;
     bool learnEnabled = false;
     int qifType = 0, qfxType = 0;

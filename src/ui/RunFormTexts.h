@@ -22,5 +22,8 @@ inline constexpr std::string_view hintSpecifyAccount =
 inline constexpr std::string_view hintNoAccountOfType = "(ERROR: No account of above type found.)";
 inline constexpr std::string_view hintAccountNotInFormat =
     "(Account not specified in output format.)";
+// Our own wording: the warning beside a date range that ends before it starts.
+inline constexpr std::string_view invalidRangeWarning = "Invalid date range";
+inline constexpr std::string_view processButton = "Process Transactions";
 
 } // namespace tavvel::text

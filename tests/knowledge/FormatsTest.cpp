@@ -159,6 +159,9 @@ TEST_F(FormatFilesTest, ExportAndImportRoundTripThroughAFile) {
     visa.emplace("unknownKey", Value(42));
     formats.addFormat(visa);
     EXPECT_EQ(suggestedFormatFileName("Visa"), "Visa.tvfm");
+    EXPECT_TRUE(isFormatFile(file("Visa.tvfm")));
+    EXPECT_FALSE(isFormatFile(file("Visa.TVFM"))) << "extensions are compared with their case";
+    EXPECT_FALSE(isFormatFile(file("tvfm")));
     dialogs.expectAlert("Input Format Exported");
     ASSERT_TRUE(exportFormat(formats, "VISA", file("Visa.tvfm"), dialogs));
     EXPECT_EQ(dialogs.last().text,

@@ -1,0 +1,180 @@
+#include "MainWindow.h"
+
+#include "ListEditorDialog.h"
+#include "PreferencesDialog.h"
+#include "QtDialogs.h"
+#include "RunFormView.h"
+#include "Text.h"
+#include "app/Controller.h"
+#include "context/Context.h"
+#include "knowledge/FormatFiles.h"
+#include "knowledge/Formats.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QFileInfo>
+#include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QStackedWidget>
+#include <QUrl>
+
+namespace tavvel::gui {
+
+std::optional<std::string> clipboardText() {
+    const QMimeData* data = QGuiApplication::clipboard()->mimeData();
+    if (!data || !data->hasText())
+        return std::nullopt;
+    return core(data->text());
+}
+
+MainWindow::MainWindow(Context& ctx, QtDialogs& dialogs, QWidget* parent)
+    : QMainWindow(parent), ctx_(ctx), dialogs_(dialogs),
+      controller_(std::make_unique<Controller>(ctx, dialogs)) {
+    setWindowTitle(QStringLiteral("Tavvel"));
+    setAcceptDrops(true);
+    dialogs_.setParentWindow(this);
+    learn_ = new QAction(tr("Learn…"), this);
+    learn_->setObjectName(QStringLiteral("learnAction"));
+    learn_->setToolTip(tr("Learn a new input format from this statement"));
+    pages_ = new QStackedWidget(this);
+    waiting_ = new QLabel(tr("Open a statement (File ▸ Open…), drop one on this window, or copy "
+                             "one to the clipboard."),
+                          pages_);
+    waiting_->setAlignment(Qt::AlignCenter);
+    waiting_->setWordWrap(true);
+    runForm_ = new RunFormView(*controller_, ctx.prefs, learn_, pages_);
+    pages_->addWidget(waiting_);
+    pages_->addWidget(runForm_);
+    setCentralWidget(pages_);
+    connect(runForm_, &RunFormView::processRequested, this, &MainWindow::processTransactions);
+    connect(learn_, &QAction::triggered, this, &MainWindow::learnInputFormat);
+    clipboardTimer_.setSingleShot(true);
+    clipboardTimer_.setInterval(1000);
+    connect(&clipboardTimer_, &QTimer::timeout, this, &MainWindow::processNoticedClipboard);
+    buildMenus();
+    showState();
+}
+
+MainWindow::~MainWindow() = default;
+
+void MainWindow::buildMenus() {
+    QMenu* file = menuBar()->addMenu(tr("&File"));
+    file->addAction(tr("&Open…"), QKeySequence::Open, this, &MainWindow::openWithDialog);
+    file->addAction(tr("Process &Clipboard"), this, &MainWindow::processClipboard);
+    exportMenu_ = file->addMenu(tr("&Export Input Format"));
+    exportMenu_->setObjectName(QStringLiteral("exportMenu"));
+    connect(exportMenu_, &QMenu::aboutToShow, this, &MainWindow::fillExportMenu);
+    file->addAction(tr("&Import Input Format…"), this, &MainWindow::importFormat);
+    file->addSeparator();
+    file->addAction(tr("&Quit"), QKeySequence::Quit, qApp, &QApplication::quit);
+
+    QMenu* edit = menuBar()->addMenu(tr("&Edit"));
+    const QString lists[] = {tr("&Accounts"), tr("&Categories"), tr("&Descriptions"),
+                             tr("&Securities"), tr("&Input Formats")};
+    for (int which = 0; which < 5; ++which)
+        edit->addAction(lists[which], this, [this, which] { editList(which); });
+    menuBar()->addAction(tr("&Preferences"), this, &MainWindow::editPreferences);
+}
+
+void MainWindow::fillExportMenu() {
+    exportMenu_->clear();
+    Formats formats(ctx_.prefs);
+    for (const std::string& name : formats.exportMenuTitles())
+        exportMenu_->addAction(qt(name), this, [this, name] {
+            exportFormatToChosenFile(Formats(ctx_.prefs), name, dialogs_);
+        });
+}
+
+void MainWindow::importFormat() {
+    Formats formats(ctx_.prefs);
+    importFormatFromChosenFile(
+        formats, dialogs_, [this](RenameFormatForm& form) { return dialogs_.renameFormat(form); });
+    showState();
+}
+
+void MainWindow::editList(int which) {
+    ListEditorDialog::edit(static_cast<ListEditorDialog::List>(which), ctx_.prefs, dialogs_, this);
+    showState();
+}
+
+void MainWindow::editPreferences() {
+    PreferencesDialog::edit(ctx_.prefs, ctx_.output, dialogs_, this);
+    showState();
+}
+
+bool MainWindow::openFile(const QString& path) {
+    std::string file = core(path);
+    if (isFormatFile(file)) {
+        Formats formats(ctx_.prefs);
+        importFormatFile(formats, file, dialogs_,
+                         [this](RenameFormatForm& form) { return dialogs_.renameFormat(form); });
+        return true;
+    }
+    std::optional<Intake> intake = controller_->applicationOpenFile(file);
+    if (!intake)
+        return false;
+    afterIntake(intake);
+    return true;
+}
+
+void MainWindow::openWithDialog() {
+    afterIntake(controller_->processFile());
+}
+
+void MainWindow::processClipboard() {
+    afterIntake(controller_->processClipboard(clipboardText()));
+}
+
+void MainWindow::applicationActivated() {
+    if (controller_->applicationDidBecomeActive(clipboardText()))
+        clipboardTimer_.start();
+}
+
+void MainWindow::processNoticedClipboard() {
+    afterIntake(controller_->processInput());
+}
+
+void MainWindow::processTransactions() {
+    controller_->processTheTransactions(isVisible());
+    showState();
+}
+
+void MainWindow::learnInputFormat() {
+    controller_->learn(controller_->form().inputFormatName);
+    showState();
+}
+
+void MainWindow::afterIntake(std::optional<Intake> intake) {
+    if (intake == Intake::formReady)
+        runForm_->refresh();
+    showState();
+}
+
+void MainWindow::showState() {
+    bool running = ctx_.processing;
+    pages_->setCurrentWidget(running ? static_cast<QWidget*>(runForm_) : waiting_);
+    if (running)
+        runForm_->refresh();
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+    const QMimeData* mime = event->mimeData();
+    if (mime->hasUrls() && !mime->urls().isEmpty() && mime->urls().front().isLocalFile())
+        event->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent* event) {
+    const QList<QUrl> urls = event->mimeData()->urls();
+    if (urls.isEmpty() || !urls.front().isLocalFile() || !openFile(urls.front().toLocalFile())) {
+        event->ignore();
+        return;
+    }
+    event->acceptProposedAction();
+}
+
+} // namespace tavvel::gui

@@ -1,0 +1,80 @@
+#pragma once
+// The main window: the run form, and the menus File (open, process the clipboard, export
+// and import of input formats, quit), Edit (the list editors) and Preferences. Files come
+// from the open dialog, the command line and drops; the clipboard is looked at when the
+// application becomes active.
+
+#include <QMainWindow>
+#include <QTimer>
+#include <memory>
+#include <optional>
+
+class QAction;
+class QLabel;
+class QMenu;
+class QStackedWidget;
+
+namespace tavvel {
+class Context;
+class Controller;
+enum class Intake;
+} // namespace tavvel
+
+namespace tavvel::gui {
+
+class QtDialogs;
+class RunFormView;
+
+class MainWindow : public QMainWindow {
+public:
+    MainWindow(Context& ctx, QtDialogs& dialogs, QWidget* parent = nullptr);
+    ~MainWindow() override;
+
+    Controller& controller() { return *controller_; }
+    RunFormView& runForm() { return *runForm_; }
+    // The place the learning dialogue is started from, beside the input format.
+    QAction* learnAction() const { return learn_; }
+    // The one-shot timer that processes a noticed clipboard.
+    QTimer& clipboardTimer() { return clipboardTimer_; }
+
+    // A file from the command line or a drop: false when refused during a run.
+    bool openFile(const QString& path);
+    // The application became active: a clipboard with new dated text is processed shortly.
+    void applicationActivated();
+    // What the timer does when it fires: the noticed clipboard is classified.
+    void processNoticedClipboard();
+
+    void openWithDialog();
+    void processClipboard();
+    void processTransactions();
+    // The learn action: learns the input format named in the run form from the statement.
+    void learnInputFormat();
+
+protected:
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+private:
+    void buildMenus();
+    void fillExportMenu();
+    void importFormat();
+    void editList(int which);
+    void editPreferences();
+    void afterIntake(std::optional<Intake> intake);
+    void showState();
+
+    Context& ctx_;
+    QtDialogs& dialogs_;
+    std::unique_ptr<Controller> controller_;
+    QAction* learn_ = nullptr;
+    QMenu* exportMenu_ = nullptr;
+    QStackedWidget* pages_ = nullptr;
+    QLabel* waiting_ = nullptr;
+    RunFormView* runForm_ = nullptr;
+    QTimer clipboardTimer_;
+};
+
+// The clipboard's plain text, or nothing when it holds none.
+std::optional<std::string> clipboardText();
+
+} // namespace tavvel::gui

@@ -1,0 +1,47 @@
+// tavvel: the desktop application.
+
+#include "MainWindow.h"
+#include "QtDialogs.h"
+#include "app/StartUp.h"
+#include "context/Context.h"
+
+#include <QApplication>
+#include <QIcon>
+#include <QMessageBox>
+#include <QTimer>
+#include <filesystem>
+
+using namespace tavvel;
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("Tavvel"));
+    QApplication::setDesktopFileName(QStringLiteral("tavvel"));
+    QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("tavvel")));
+
+    auto configFile = Configuration::locateForRunning(argv[0]);
+    auto config = Configuration::load(configFile);
+    if (!config) {
+        QMessageBox::critical(nullptr, QStringLiteral("Tavvel"),
+                              QStringLiteral("The configuration file %1 is missing or damaged; "
+                                             "reinstall Tavvel.")
+                                  .arg(QString::fromStdString(configFile.string())));
+        return 1;
+    }
+    Context ctx(std::move(*config), Clock::system(), Places::forCurrentUser());
+    gui::QtDialogs dialogs(ctx.prefs);
+    awakeFromNib(ctx, dialogs);
+
+    gui::MainWindow window(ctx, dialogs);
+    QObject::connect(&application, &QGuiApplication::applicationStateChanged, &window,
+                     [&window](Qt::ApplicationState state) {
+                         if (state == Qt::ApplicationActive)
+                             window.applicationActivated();
+                     });
+    window.show();
+    const QStringList arguments = QApplication::arguments();
+    if (arguments.size() > 1)
+        QTimer::singleShot(0, &window,
+                           [&window, file = arguments.at(1)] { window.openFile(file); });
+    return QApplication::exec();
+}
