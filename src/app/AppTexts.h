@@ -137,5 +137,8 @@ inline constexpr std::string_view continuationUndecodable =
     "that Tavvel saved when you chose to finish later.";
 inline constexpr std::string_view continuationDamaged =
     "%@ is damaged: it does not hold the run that was stopped, so it cannot be resumed.";
+inline constexpr std::string_view continuationFormatGone =
+    "%@ was stopped with an output format that no longer exists, so it cannot be resumed.  "
+    "Create the output format again under its old name, then open the file again.";
 
 } // namespace tavvel::text

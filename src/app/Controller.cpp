@@ -66,6 +66,7 @@ void Controller::statusAlert(std::string_view title, std::string_view format,
 }
 
 Intake Controller::refuse(std::string_view title, std::string_view format) {
+    continuationData.reset(); // a refused continuation is not being resumed
     statusAlert(title, format, source);
     return Intake::refused;
 }
@@ -313,6 +314,8 @@ Intake Controller::endClassification() {
             {*account, textOf(c, contkey::outputFormatText), textOf(c, contkey::outputDateString),
              textOf(c, contkey::outputNumberString), find(c, contkey::sameDateSwitch)->toBool(),
              find(c, contkey::sameNumberSwitch)->toBool()});
+        if (!form_.processEnabled())
+            return refuse(text::continuationInvalidTitle, text::continuationFormatGone);
     } else {
         form_.fillInAccountAndOutputPart();
     }

@@ -158,6 +158,9 @@ TEST(Continuation, FilesThatCannotBeResumedAreRefused) {
         {"negative.tvcn", encodePropertyList(with("currentTransactionIndex", Value(-1))), damaged},
         {"counted.tvcn", encodePropertyList(with("numberOfTransactionsAppended", Value(1))),
          damaged},
+        {"gone.tvcn", encodePropertyList(with("outputFormatText", Value("Deleted Layout"))),
+         "was stopped with an output format that no longer exists, so it cannot be resumed.  "
+         "Create the output format again under its old name, then open the file again."},
     };
     ASSERT_TRUE(writeFileAtomically(desk.path("good.tvcn"), encodePropertyList(Value(good))));
     EXPECT_EQ(desk.open("good.tvcn"), Intake::formReady); // the baseline the cases break
@@ -165,7 +168,9 @@ TEST(Continuation, FilesThatCannotBeResumedAreRefused) {
         SCOPED_TRACE(c.name);
         ASSERT_TRUE(writeFileAtomically(desk.path(c.name), c.bytes));
         desk.dialogs.expectAlert(std::string(text::continuationInvalidTitle));
-        EXPECT_EQ(desk.open(c.name), Intake::refused);
+        Controller controller(desk.t.ctx, desk.dialogs);
+        EXPECT_EQ(controller.actuallyProcessFile(desk.path(c.name)), Intake::refused);
+        EXPECT_FALSE(controller.continuationData);
         EXPECT_EQ(desk.dialogs.last().text, "Continuation file \"" + c.name + "\" " + c.text);
         EXPECT_FALSE(desk.t.ctx.processing);
     }
