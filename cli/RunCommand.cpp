@@ -1,8 +1,8 @@
-// A conversion from the command line. Stages: refuse options that the option runAutomatically
-// would leave unused; point the file panels at -o; read and classify the statement; fill in
-// the run form (a command line that cannot apply leaves the store as it was); run; report
-// skipped error records; copy the output to standard output for "-o -"; save the store, so
-// the run's settings record lasts.
+// A conversion from the command line. Stages: refuse options that the option runAutomatically,
+// or the continuation file being resumed, would leave unused; point the file panels at -o; read and
+// classify the statement; fill in the run form (a command line that cannot apply leaves the store
+// as it was); run; report skipped error records; copy the output to standard output for "-o -";
+// save the store, so the run's settings record lasts.
 
 #include "RunCommand.h"
 
@@ -91,6 +91,20 @@ int refuseAutomaticRun(std::ostream& err) {
     return kExitUsage;
 }
 
+bool resumesRun(const fs::path& input) {
+    return input.extension() == ".tvcn";
+}
+
+// A continuation file fixes the account, output format, date and number of the run it resumes;
+// an option that would change them is a mistake better said than silently dropped.
+int refuseResumeOptions(const fs::path& input, std::ostream& err) {
+    err << "tavvel-cli: \"" << input.filename().string()
+        << "\" is a continuation file: the stopped run it holds fixed the account, the "
+           "transactions, the output format, date and number, so the run options cannot apply; "
+           "leave them out and name the output file with -o.\n";
+    return kExitUsage;
+}
+
 // The file panels answer with the file -o names, or with a private file for standard output.
 void pointFilePanels(TerminalDialogs& dialogs, const RunOptions& run,
                      std::optional<StandardOutputFile>& toStandardOutput) {
@@ -114,6 +128,8 @@ int runConversion(Context& ctx, TerminalDialogs& dialogs, const CliOptions& opti
     const RunOptions& run = options.run;
     if (runsAutomatically(ctx.prefs) && run.setsForm())
         return refuseAutomaticRun(err);
+    if (resumesRun(*options.inputFile) && run.setsForm())
+        return refuseResumeOptions(*options.inputFile, err);
     std::optional<StandardOutputFile> toStandardOutput;
     pointFilePanels(dialogs, run, toStandardOutput);
     fs::path input = fs::absolute(*options.inputFile);
@@ -124,7 +140,7 @@ int runConversion(Context& ctx, TerminalDialogs& dialogs, const CliOptions& opti
         return notConverted(input, err);
     if (intake == Intake::imported)
         return kExitOK;
-    if (intake == Intake::formReady) {
+    if (intake == Intake::formReady && !controller.continuationData) {
         auto problem = learnWhenWanted(controller, options, dialogs);
         if (!problem)
             problem = fillRunForm(controller, run, ctx.output, err);

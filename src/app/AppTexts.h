@@ -129,5 +129,16 @@ inline constexpr std::string_view continuationCreated =
 inline constexpr std::string_view continuationFailed =
     "No transactions were placed in the output file.\r\rThe continuation file could not be "
     "created because of an unknown error.";
+// Our own: a continuation file that cannot be resumed must say so before anything starts, so
+// the run it holds is not mistaken for a statement.
+inline constexpr std::string_view continuationInvalidTitle = "Invalid Continuation File";
+inline constexpr std::string_view continuationUndecodable =
+    "%@ cannot be read as a continuation file; it cannot be processed.  Open the .tvcn file "
+    "that Tavvel saved when you chose to finish later.";
+inline constexpr std::string_view continuationDamaged =
+    "%@ is damaged: it does not hold the run that was stopped, so it cannot be resumed.";
+inline constexpr std::string_view continuationFormatGone =
+    "%@ was stopped with an output format that no longer exists, so it cannot be resumed.  "
+    "Create the output format again under its old name, then open the file again.";
 
 } // namespace tavvel::text

@@ -7,6 +7,7 @@
 #include "app/Controller.h"
 
 #include "app/AppTexts.h"
+#include "app/ContinuationRecord.h"
 #include "app/Format.h"
 #include "app/ImportQuickenExport.h"
 #include "app/InputText.h"
@@ -15,6 +16,7 @@
 #include "knowledge/Categories.h"
 #include "knowledge/Formats.h"
 #include "prefs/Files.h"
+#include "prefs/PropertyList.h"
 #include "prefs/Settings.h"
 #include "recognize/FindDate.h"
 #include "recognize/FindLines.h"
@@ -64,6 +66,7 @@ void Controller::statusAlert(std::string_view title, std::string_view format,
 }
 
 Intake Controller::refuse(std::string_view title, std::string_view format) {
+    continuationData.reset(); // a refused continuation is not being resumed
     statusAlert(title, format, source);
     return Intake::refused;
 }
@@ -77,6 +80,8 @@ Intake Controller::actuallyProcessFile(const std::string& path) {
     ctx_.prefs.setObject(prefkey::LastRootDirectory, Value(file.parent_path().string()));
     ctx_.prefs.synchronize();
     continuationData.reset();
+    if (file.extension() == ".tvcn")
+        return openContinuation(file);
     source = formatMessage(text::sourceFile, file.filename().string());
     inputFrom = file.filename().string();
     auto bytes = readWholeFile(file);
@@ -86,6 +91,21 @@ Intake Controller::actuallyProcessFile(const std::string& path) {
     if (looksBinary(*bytes))
         return refuse(text::invalidInputTitle, text::notText);
     fileAsString = std::move(*bytes);
+    return processInput();
+}
+
+Intake Controller::openContinuation(const std::filesystem::path& file) {
+    source = formatMessage(text::sourceContinuation, file.filename().string());
+    inputFrom = file.filename().string();
+    PlistRead read = readPropertyListFile(file);
+    if (read.status == PlistReadStatus::Missing || read.status == PlistReadStatus::Unreadable)
+        return refuse(text::unreadableInputTitle, text::unreadableInput);
+    if (read.status == PlistReadStatus::NotAPropertyList)
+        return refuse(text::continuationInvalidTitle, text::continuationUndecodable);
+    if (!read.ok() || !resumableContinuation(read.value.dictionary()))
+        return refuse(text::continuationInvalidTitle, text::continuationDamaged);
+    continuationData = read.value.dictionary();
+    fileAsString = textOf(*continuationData, contkey::fileAsString);
     return processInput();
 }
 
@@ -123,7 +143,8 @@ Intake Controller::processInput() {
     account.reset();
     fileAsLines.clear();
     skippedLines = 0;
-    if (contains(fileAsString, "OFXHEADER"))
+    // A continuation holds the run's output so far, which is never OFX, whatever its memos say.
+    if (!continuationData && contains(fileAsString, "OFXHEADER"))
         return classifyOFX();
     return classifyLines();
 }
@@ -186,6 +207,8 @@ Intake Controller::classifyOFX() {
 
 Intake Controller::classifyLines() {
     fileAsLines = findLines(fileAsString);
+    if (continuationData)
+        return classifyResumedOutput();
     std::vector<std::string_view> views(fileAsLines.begin(), fileAsLines.end());
     std::size_t start = 0;
     int result = ImportQuickenExport(ctx_.prefs, dialogs_).process(views, start, source);
@@ -230,7 +253,7 @@ Intake Controller::classifyQIF(std::size_t head) {
     bool qif = recordEnds && (startsWith(headLine, "!Type") || startsWith(headLine, "!TYPE") ||
                               startsWith(headLine, "C*") || startsWith(headLine, "D"));
     if (!qif)
-        return extract();
+        return continuationData ? classifyUndecided() : extract();
     doingExtract = doingClipboard = false;
     if (!passesRunChecks())
         return Intake::refused;
@@ -247,6 +270,8 @@ Intake Controller::classifyQIF(std::size_t head) {
     } else {
         ctx_.gType = kTypeBankOrCreditCard;
     }
+    if (resuming)
+        form_.qifType = 0;
     int kind = headLine == "!Type:Invst" ? 2 : accountKindFor(ctx_.gType);
     form_.setInput({false, shown, kind, account});
     fileAsLines.erase(fileAsLines.begin(), fileAsLines.begin() + static_cast<std::ptrdiff_t>(skip));
@@ -255,10 +280,45 @@ Intake Controller::classifyQIF(std::size_t head) {
     return endClassification();
 }
 
+// The output so far decides the form's account type when it begins with a QIF header; an
+// output without one (no header for "Bank or Credit Card", delimited output, nothing accepted
+// yet) leaves the kind undecided, since the stored transactions, not this text, are walked.
+Intake Controller::classifyResumedOutput() {
+    auto head = std::find_if(fileAsLines.begin(), fileAsLines.end(),
+                             [](const std::string& l) { return !l.empty(); });
+    if (head == fileAsLines.end())
+        return classifyUndecided();
+    return classifyQIF(static_cast<std::size_t>(head - fileAsLines.begin()));
+}
+
+Intake Controller::classifyUndecided() {
+    doingExtract = doingClipboard = false;
+    if (!passesRunChecks())
+        return Intake::refused;
+    ctx_.gType = kTypeBankOrCreditCard;
+    form_.qifType = 0;
+    form_.setInput({false, "Bank or Credit Card", accountKindFor(ctx_.gType), account});
+    std::vector<std::string>().swap(fileAsLines);
+    skippedLines = 0;
+    controlHelpAnchor = "QIF";
+    return endClassification();
+}
+
 Intake Controller::endClassification() {
     ctx_.processing = true;
     form_.fillInTransactionPart();
-    form_.fillInAccountAndOutputPart();
+    if (continuationData) {
+        account = textOf(*continuationData, contkey::account);
+        const Dictionary& c = *continuationData;
+        form_.showContinuation(
+            {*account, textOf(c, contkey::outputFormatText), textOf(c, contkey::outputDateString),
+             textOf(c, contkey::outputNumberString), find(c, contkey::sameDateSwitch)->toBool(),
+             find(c, contkey::sameNumberSwitch)->toBool()});
+        if (!form_.processEnabled())
+            return refuse(text::continuationInvalidTitle, text::continuationFormatGone);
+    } else {
+        form_.fillInAccountAndOutputPart();
+    }
     bool automatic = optionOn(ctx_.prefs, option::runAutomatically) &&
                      !optionOn(ctx_.prefs, option::append) && form_.processEnabled();
     if (!automatic)

@@ -9,6 +9,7 @@
 #include "ui/RunForm.h"
 #include "ui/RunHelpers.h"
 
+#include <filesystem>
 #include <optional>
 #include <string>
 #include <vector>
@@ -104,6 +105,10 @@ private:
     Intake refuse(std::string_view title, std::string_view format);
     void statusAlert(std::string_view title, std::string_view format, std::string_view argument);
     void doneWithFile();
+    Intake openContinuation(const std::filesystem::path& file);
+    Intake classifyResumedOutput();
+    Intake classifyUndecided();
+    RunEnd resume();
     Intake classifyOFX();
     Intake classifyLines();
     Intake classifyQIF(std::size_t head);

@@ -231,6 +231,8 @@ bool Controller::readTransactions(Date from, Date to) {
 
 RunEnd Controller::actuallyProcessTheTransactions() {
     outputFileAsString.clear();
+    if (continuationData)
+        return resume();
     if (ctx_.gType == kTypeInvestment && !ctx_.prefs.objectForKey(prefkey::Securities))
         dialogs_.alert(std::string(text::needSecuritiesTitle), std::string(text::needSecurities));
     auto range =
@@ -253,6 +255,15 @@ RunEnd Controller::actuallyProcessTheTransactions() {
     options.inputFormat = inputFormat ? &*inputFormat : nullptr;
     WalkResult result = reader_.processInstructionsAndAppendToString(
         outputFileAsString, writer_, warning_, dialogs_, instructions_, options);
+    return processInstructionsDidEnd(result);
+}
+
+// A resumed run was set up, headed and read before it stopped: the walk goes on from the
+// stored record, whose output so far already holds the header and the accepted transactions.
+RunEnd Controller::resume() {
+    writer_.account = account.value_or("");
+    WalkResult result = reader_.continueWith(*continuationData, outputFileAsString, writer_,
+                                             warning_, dialogs_, instructions_, walkOptions());
     return processInstructionsDidEnd(result);
 }
 

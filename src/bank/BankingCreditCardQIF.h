@@ -77,6 +77,12 @@ public:
                                                     Instructions& instructions,
                                                     const WalkOptions& options);
 
+    // continueWith:appendToString:didEndDelegate:didEndSelector: — resumes a walk stopped with
+    // "finish later": the list, position, count and output so far come from the record.
+    WalkResult continueWith(const Dictionary& data, std::string& output, OutputFormats& writer,
+                            ErrorWarning& warning, Dialogs& dialogs, Instructions& instructions,
+                            const WalkOptions& options);
+
     // The tag of the QIF input-type choice of the run (see QifInputTypes.h).
     int qifInputTypeTag = 0;
 
@@ -106,6 +112,7 @@ private:
     struct Walk;     // what one walk works with
     enum class Step { advanced, skipped, rerun, back, stop, stopNow, finishLater };
     Step step(Walk& walk);
+    WalkResult walkOn(Walk& walk);
     Prepared prepare(Dictionary& record, std::string& output, const WalkOptions& options);
     bool keepsInputCategory(const Dictionary& record) const;
     void outputKept(const Prepared& p, Dictionary& record, std::string& output,

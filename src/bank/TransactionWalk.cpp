@@ -17,6 +17,7 @@
 #include "ui/Dialogs.h"
 #include "ui/RunHelpers.h"
 
+#include <algorithm>
 #include <cctype>
 
 namespace tavvel {
@@ -271,6 +272,32 @@ WalkResult BankingCreditCardQIF::processInstructionsAndAppendToString(
     Instructions& instructions, const WalkOptions& options) {
     Walk walk{output, writer, warning, dialogs, instructions, options};
     numberOfTransactionsAppended = 0;
+    return walkOn(walk);
+}
+
+WalkResult BankingCreditCardQIF::continueWith(const Dictionary& data, std::string& output,
+                                              OutputFormats& writer, ErrorWarning& warning,
+                                              Dialogs& dialogs, Instructions& instructions,
+                                              const WalkOptions& options) {
+    output = textOf(data, "fileAsString");
+    qif.clear();
+    if (const Value* records = find(data, "qif"))
+        for (const Value& record : records->array())
+            qif.push_back(record.dictionary());
+    maxTransactionIndex = qif.size();
+    auto count = [&data](std::string_view key) {
+        const Value* v = find(data, key);
+        return static_cast<std::size_t>(std::max<std::int64_t>(0, v ? v->toInteger() : 0));
+    };
+    currentTransactionIndex = count("currentTransactionIndex");
+    numberOfTransactionsAppended = count("numberOfTransactionsAppended");
+    mustConfirm = optionOn(ctx_.prefs, option::confirmAllTransactions);
+    Walk walk{output, writer, warning, dialogs, instructions, options};
+    return walkOn(walk);
+}
+
+WalkResult BankingCreditCardQIF::walkOn(Walk& walk) {
+    std::string& output = walk.output;
     extractedCheckNumber.reset();
     cancelReturnsToConfirm = false;
     while (currentTransactionIndex < maxTransactionIndex) {

@@ -80,12 +80,27 @@ void RunForm::fillInTransactionPart() {
 }
 
 void RunForm::setInput(const Input& input) {
+    resuming = false;
     textInput = input.text;
     ofxInput = input.ofx;
     accountType = input.accountType;
     accountKind = input.accountKind;
     inputAccount_ = input.account;
     outputFormatChoices = outputFormats_.namesForKind(ctx_.gType);
+}
+
+void RunForm::showContinuation(const Fixed& fixed) {
+    resuming = true;
+    outputFormat = fixed.outputFormat;
+    fillInAccountAndOutputPart();
+    accountBoxVisible = false;
+    accountHint.clear();
+    accountText = fixed.account;
+    outputDate = fixed.outputDate;
+    outputNumber = fixed.outputNumber;
+    sameDate = fixed.sameDate;
+    sameNumber = fixed.sameNumber;
+    qifType = 0;
 }
 
 void RunForm::offerAccounts(bool anyName) {
@@ -218,6 +233,9 @@ bool RunForm::inputFormatExists() const {
 }
 
 bool RunForm::processEnabled() const {
+    // Resuming asks nothing of the user, but an output format deleted since cannot write.
+    if (resuming)
+        return outputFormat == "QIF" || outputFormats_.formatForName(outputFormat).has_value();
     bool ready = (whichTransactions != 2 || dateRangeOK) && (!textInput || inputFormatExists());
     if (outputFormat != "QIF")
         return ready && outputFormats_.formatForName(outputFormat).has_value();

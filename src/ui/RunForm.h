@@ -29,11 +29,22 @@ public:
         bool ofx = false;                   // an OFX or QFX statement
     };
 
+    // What a stopped run fixed, shown read-only while it is resumed.
+    struct Fixed {
+        std::string account;
+        std::string outputFormat;
+        std::string outputDate, outputNumber;
+        bool sameDate = false, sameNumber = false;
+    };
+
     // fillInTransactionPartOfDialog — prefill from the stored run settings.
     void fillInTransactionPart();
     // fillInAccountAndOutputPartOfDialog
     void fillInAccountAndOutputPart();
     void setInput(const Input& input);
+    // The continuation layout: fixed account and output-format labels instead of their boxes,
+    // output date, number and their switches read-only, the QIF-type choice hidden.
+    void showContinuation(const Fixed& fixed);
 
     // Events.
     void chooseRange(int tag); // radioButtonDateRange: / radioButtonNotDateRange:
@@ -59,6 +70,7 @@ public:
     bool processEnabled() const;
 
     // State shown by the front end.
+    bool resuming = false; // the continuation layout; the fields it fixes are read-only
     std::string accountType;
     int accountKind = 4;
     bool accountBoxVisible = false;

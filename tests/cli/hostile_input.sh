@@ -62,16 +62,30 @@ said "== Error ==" "The following OFX transaction does not contain a date; it ca
 <TRNTYPE>DEBIT<DTPOS" "No transactions output." "tavvel-cli: 1 error record skipped."
 same "$tmp/kept.qif" $'keep me\n'
 
-# Nothing reads a continuation file back yet: a broken one is refused as a statement.
+# Continuation files: garbage, a property list of the wrong shape, and a record that stops at a
+# transaction it does not hold.
+damaged() { echo "Continuation file \"$1\" is damaged: it does not hold the run that was stopped, \
+so it cannot be resumed."; }
 head -c 8192 /dev/urandom >"$tmp/junk.tvcn"
-refused junk.tvcn "Invalid Input" "$(not_text junk.tvcn)"
+refused junk.tvcn "Invalid Continuation File" "Continuation file \"junk.tvcn\" cannot be read as \
+a continuation file; it cannot be processed.  Open the .tvcn file that Tavvel saved when you chose \
+to finish later."
 printf '<?xml version="1.0"?>\n<plist version="1.0"><array><string>x</string></array></plist>\n' \
     >"$tmp/list.tvcn"
-printf 'keep me\n' >"$tmp/kept.qif"
-run 1 --batch -o "$tmp/kept.qif" "$tmp/list.tvcn"
-said "tavvel-cli: no stored input format fits this text, so it cannot be read" \
-    "tavvel-cli: nothing was converted from \"list.tvcn\"."
-same "$tmp/kept.qif" $'keep me\n'
+refused list.tvcn "Invalid Continuation File" "$(damaged list.tvcn)"
+{
+    printf '<?xml version="1.0"?>\n<plist version="1.0"><dict>'
+    printf '<key>qif</key><array><dict><key>date</key><string>1/2/2024</string></dict></array>'
+    printf '<key>fileAsString</key><string>!Type:Bank\n</string>'
+    printf '<key>currentTransactionIndex</key><integer>5</integer>'
+    printf '<key>numberOfTransactionsAppended</key><integer>0</integer>'
+    printf '<key>outputFormatText</key><string>QIF</string>'
+    printf '<key>sameDateSwitch</key><false/><key>sameNumberSwitch</key><false/>'
+    printf '<key>outputDateString</key><string></string>'
+    printf '<key>outputNumberString</key><string></string>'
+    printf '<key>account</key><string>Checking</string></dict></plist>\n'
+} >"$tmp/beyond.tvcn"
+refused beyond.tvcn "Invalid Continuation File" "$(damaged beyond.tvcn)"
 
 # Format files: garbage, and a property list of the wrong shape.
 for name in junk list; do
