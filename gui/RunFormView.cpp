@@ -24,6 +24,8 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include <initializer_list>
+
 namespace tavvel::gui {
 
 namespace {
@@ -237,6 +239,15 @@ void RunFormView::refresh() {
     refreshOutput();
     learn_->setEnabled(form_.learnEnabled);
     process_->setEnabled(form_.processEnabled());
+    refreshFixedFields();
+}
+
+// A resumed run keeps the settings it was stopped with: they are shown, not edited.
+void RunFormView::refreshFixedFields() {
+    bool editable = !form_.resuming;
+    for (QWidget* field : std::initializer_list<QWidget*>{account_, outputFormat_, sameDate_,
+                                                          outputDate_, sameNumber_, outputNumber_})
+        field->setEnabled(editable);
 }
 
 void RunFormView::refreshInput() {

@@ -42,6 +42,7 @@ private:
     void refreshAccount();
     void refreshRange();
     void refreshOutput();
+    void refreshFixedFields();
 
     Controller& controller_;
     RunForm& form_;

@@ -126,6 +126,20 @@ private slots:
         QCOMPARE(form.outputNumber, std::string("77"));
     }
 
+    void resumedRunShowsItsFixedSettingsReadOnly() {
+        window->openFile(sample());
+        RunForm& form = window->controller().form();
+        const char* fixed[] = {"account",    "outputFormat", "sameDate",
+                               "outputDate", "sameNumber",   "outputNumber"};
+        for (const char* name : fixed)
+            QVERIFY2(child<QWidget>(name)->isEnabled(), name);
+        form.resuming = true;
+        window->runForm().refresh();
+        for (const char* name : fixed)
+            QVERIFY2(!child<QWidget>(name)->isEnabled(), name);
+        QVERIFY(child<QPushButton>("process")->isEnabled());
+    }
+
     void fileOpenedDuringARunIsRefused() {
         QVERIFY(window->openFile(sample()));
         QVERIFY(!window->openFile(sample()));
