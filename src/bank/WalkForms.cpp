@@ -146,9 +146,9 @@ BankingCreditCardQIF::Step BankingCreditCardQIF::confirmed(Walk& walk, Prepared&
                 return Step::advanced;
             if (!walk.dialogs.acceptsFormsAsShown())
                 continue;
-            // Nobody can correct the category, and asking again would never end.
-            Step answer = cancelled(walk);
-            return answer == Step::rerun ? Step::stopNow : answer;
+            // Nobody can correct the category, and asking again would never end. Stopping
+            // (rather than finishing later) because such a walk has let its records go.
+            return Step::stopNow;
         }
         case ConfirmAction::skip:
             return Step::skipped;

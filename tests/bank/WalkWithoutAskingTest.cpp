@@ -111,17 +111,18 @@ TEST(WalkWithoutAsking, RefusedCategoryStillShowsTheFormAndOnlyItsAnswerIsWritte
 }
 
 // A batch front end answers every form with OK, so a category the list refuses would be
-// offered to it for ever: the run is cancelled instead, and nothing is written.
-TEST(WalkWithoutAsking, RefusedCategoryWithNobodyToCorrectItCancelsTheRun) {
+// offered to it for ever: the run stops instead, and nothing is written.
+TEST(WalkWithoutAsking, RefusedCategoryWithNobodyToCorrectItStopsTheRun) {
     struct OkOnlyDialogs : AcceptingDialogs {
         ConfirmAction confirmTransaction(ConfirmForm& form) override {
             return Dialogs::confirmTransaction(form);
         }
     };
     TextRun batch(std::make_unique<OkOnlyDialogs>());
+    // Not even for later: the walk has let go of the records it passed.
+    addOption(batch.t.ctx.prefs, option::justFinishLater);
     for (int twiceForEachOk = 0; twiceForEachOk < 4; ++twiceForEachOk)
         batch.dialogs->expectAlert("Bad Category \"[Nowhere]\"");
-    batch.dialogs->expectCancelQuestion(CancelChoice::stopNow);
     WalkResult result = batch.walk(true, "Date\n01/02/2024,,SHOP,,[Nowhere],-3.00\n"
                                          "01/03/2024,,CAFE,,Food,-1.00\n");
     EXPECT_EQ(result.appended, 0u);
