@@ -75,7 +75,9 @@ bool binaryPropertyListHoldsNulInString(std::string_view bytes) {
         return false;
     for (std::uint64_t i = 0; i < *objects; ++i) {
         auto at = bigEndian(bytes, *table + i * *offsetWidth, *offsetWidth);
-        if (!at || *at < kHeaderSize || *at >= trailer)
+        // libplist follows an offset into the header or the trailer as well, so every
+        // object it could reach is checked.
+        if (!at || *at >= bytes.size())
             continue;
         std::size_t unitWidth = 1;
         auto span = stringAt(bytes, *at, unitWidth);
