@@ -14,7 +14,7 @@ std::optional<std::size_t> findOption(const TvPrefs& prefs, std::string_view nam
 }
 
 bool optionOn(const TvPrefs& prefs, std::string_view name) {
-    return findOption(prefs, name).has_value();
+    return prefs.listHolds(prefkey::Preferences, name);
 }
 
 Array optionList(const TvPrefs& prefs) {

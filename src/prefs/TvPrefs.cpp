@@ -85,6 +85,7 @@ double TvPrefs::doubleForKey(std::string_view key) const {
 
 void TvPrefs::setObject(std::string_view key, const Value& value) {
     prefs_.insert_or_assign(std::string(key), value);
+    cache_.clear();
 }
 
 void TvPrefs::setObject(std::string_view key, const std::optional<Value>& value) {
@@ -105,6 +106,7 @@ void TvPrefs::setFloat(std::string_view key, float value) {
 void TvPrefs::removeObjectForKey(std::string_view key) {
     if (auto it = prefs_.find(key); it != prefs_.end())
         prefs_.erase(it);
+    cache_.clear();
 }
 
 bool TvPrefs::synchronize() {

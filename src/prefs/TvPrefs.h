@@ -2,6 +2,7 @@
 // The single persistent store: settings, the option list, the run settings record and every
 // learned list, as entries of one dictionary saved as one property-list file per identifier.
 
+#include "prefs/LookupCache.h"
 #include "prefs/Value.h"
 
 #include <cstdint>
@@ -34,7 +35,11 @@ public:
                                          std::string_view applicationID);
 
     bool empty() const { return prefs_.empty(); }
-    const Value* objectForKey(std::string_view key) const { return find(prefs_, key); }
+    const Value* objectForKey(std::string_view key) const { return cache_.find(prefs_, key); }
+    // Whether the list under listKey holds the text.
+    bool listHolds(std::string_view listKey, std::string_view text) const {
+        return cache_.listHolds(prefs_, listKey, text);
+    }
     bool boolForKey(std::string_view key) const;
     std::int64_t integerForKey(std::string_view key) const;
     std::uint32_t uInt32ForKey(std::string_view key) const;
@@ -65,6 +70,7 @@ public:
 
 private:
     Dictionary prefs_;
+    LookupCache cache_;
     std::filesystem::path path_;
     std::filesystem::path keptAside_;
 };

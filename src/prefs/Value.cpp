@@ -132,12 +132,17 @@ std::string textOf(const Dictionary& record, std::string_view key, std::string_v
     return v->text();
 }
 
+std::string_view textViewOf(const Dictionary& record, std::string_view key) {
+    const Value* v = find(record, key);
+    return v && v->isString() ? std::string_view(v->text()) : std::string_view();
+}
+
 bool has(const Dictionary& record, std::string_view key) {
     return record.contains(key);
 }
 
 bool flagOf(const Dictionary& record, std::string_view key) {
-    return textOf(record, key) == "Y";
+    return textViewOf(record, key) == "Y";
 }
 
 void setFlag(Dictionary& record, std::string_view key, bool on) {

@@ -4,9 +4,10 @@
 // not, survives a read and a write.
 
 #include <compare>
+#include <cstddef>
 #include <cstdint>
-#include <map>
 #include <iosfwd>
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -30,8 +31,21 @@ struct Data {
 
 class Value;
 using Array = std::vector<Value>;
-// std::less<> lets records be searched with a string_view key without building a string.
-using Dictionary = std::map<std::string, Value, std::less<>>;
+// The byte order of std::less on strings, compared in line: keys are short and most differ
+// in their first bytes, so a call to memcmp for each step down the tree cost more than the
+// comparison. Transparent, so records are searched with a string_view key without building
+// a string.
+struct KeyOrder {
+    using is_transparent = void;
+    bool operator()(std::string_view a, std::string_view b) const noexcept {
+        const std::size_t common = a.size() < b.size() ? a.size() : b.size();
+        for (std::size_t i = 0; i < common; ++i)
+            if (a[i] != b[i])
+                return static_cast<unsigned char>(a[i]) < static_cast<unsigned char>(b[i]);
+        return a.size() < b.size();
+    }
+};
+using Dictionary = std::map<std::string, Value, KeyOrder>;
 
 class Value {
 public:
@@ -94,6 +108,8 @@ const Value* find(const Dictionary& record, std::string_view key);
 Value* find(Dictionary& record, std::string_view key);
 // The text under the key, or the fallback when the key is absent or not text.
 std::string textOf(const Dictionary& record, std::string_view key, std::string_view fallback = {});
+// The same without a copy: valid while the record's entry is.
+std::string_view textViewOf(const Dictionary& record, std::string_view key);
 bool has(const Dictionary& record, std::string_view key);
 // Knowledge-base flags are the text "Y" when set and absent otherwise.
 bool flagOf(const Dictionary& record, std::string_view key);
