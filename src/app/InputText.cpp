@@ -2,6 +2,7 @@
 
 #include "recognize/Utf8.h"
 
+#include <array>
 #include <cstdint>
 #include <string_view>
 
@@ -39,19 +40,14 @@ std::string utf16ToUtf8(std::string_view units, bool bigEndian) {
     return out;
 }
 
-bool isControl(unsigned char c) {
-    switch (c) {
-    case '\t':
-    case '\n':
-    case '\v':
-    case '\f':
-    case '\r':
-    case 0x1A:
-        return false;
-    default:
-        return c < 0x20 || c == 0x7F;
-    }
-}
+// Tabs, line ends, form feeds and the end-of-file mark are text; other control bytes are not.
+constexpr std::array<unsigned char, 256> kControlBytes = [] {
+    std::array<unsigned char, 256> table{};
+    for (int c = 0; c < 0x20; ++c)
+        table[c] = (c < '\t' || c > '\r') && c != 0x1A;
+    table[0x7F] = 1;
+    return table;
+}();
 
 } // namespace
 
@@ -68,7 +64,7 @@ void normaliseInputText(std::string& bytes) {
 bool looksBinary(const std::string& bytes) {
     std::size_t controls = 0;
     for (char c : bytes)
-        controls += isControl(static_cast<unsigned char>(c)) ? 1 : 0;
+        controls += kControlBytes[static_cast<unsigned char>(c)];
     // Real statements hold next to none; random bytes about one in ten.
     return controls > bytes.size() / 16;
 }

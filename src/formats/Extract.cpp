@@ -78,8 +78,18 @@ void Extract::cutAtDates(std::size_t begin, const Dictionary& format,
 void Extract::cutAtLineEnds(std::size_t begin) {
     const std::string_view text = text_;
     std::size_t start = begin;
-    for (std::size_t end = text.find_first_of("\n\r", start); end != std::string_view::npos;
-         end = text.find_first_of("\n\r", start)) {
+    // Line feeds and carriage returns are each found by memchr, which looks at many bytes at
+    // a time; the next line feed is kept, so text of carriage returns alone is not searched
+    // to its end for each line.
+    std::size_t lf = text.find('\n', start);
+    for (;;) {
+        if (lf != std::string_view::npos && lf < start)
+            lf = text.find('\n', start);
+        const std::size_t cr =
+            text.substr(0, lf == std::string_view::npos ? text.size() : lf).find('\r', start);
+        const std::size_t end = cr != std::string_view::npos ? cr : lf;
+        if (end == std::string_view::npos)
+            break;
         transactionsAsLines.push_back(text.substr(start, end - start));
         start = end + 1;
     }

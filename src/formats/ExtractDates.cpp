@@ -25,8 +25,16 @@ Dictionary dateKeys(const Dictionary& format) {
 DateReader::DateReader(const Dictionary& format, Context& ctx)
     : keys_(dateKeys(format)), ctx_(ctx) {}
 
-// Numbers the date leaves out stay 1, as the reading always started.
 std::optional<Date> DateReader::read(std::string_view field) {
+    if (auto known = fields_.find(field); known != fields_.end())
+        return known->second;
+    if (fields_.size() >= kMemoLimit)
+        fields_.clear();
+    return fields_.emplace(std::string(field), readAnew(field)).first->second;
+}
+
+// Numbers the date leaves out stay 1, as the reading always started.
+std::optional<Date> DateReader::readAnew(std::string_view field) {
     std::int64_t month = 1, day = 1, year = 1;
     if (!parseDate(field, keys_, month, day, year, ctx_.config, ctx_.clock))
         return std::nullopt;

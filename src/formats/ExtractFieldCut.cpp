@@ -21,19 +21,15 @@ bool isTrailingBlank(char c) {
 } // namespace
 
 FieldCutter::FieldCutter(const Dictionary& format, BlankCounts& blanks)
-    : blanks_(blanks), ofxLike_(has(format, fmtkey::OFX)) {
-    for (std::string_view key : {fmtkey::Fields, fmtkey::nonUScharacters})
-        if (const Value* value = find(format, key))
-            layoutKeys_.emplace(std::string(key), *value);
-    if (const Value* fields = find(format, fmtkey::Fields))
-        layout_ = fields->text();
-    separated_ = layout_.ends_with("SV");
-    separator_ = layout_ == "SSV" ? ';' : layout_ == "CSV" ? ',' : '\0';
+    : fieldLayout_(FieldLayout::of(format)), blanks_(blanks), ofxLike_(has(format, fmtkey::OFX)) {
+    const std::string& layout = fieldLayout_.name;
+    separated_ = layout.ends_with("SV");
+    separator_ = layout == "SSV" ? ';' : layout == "CSV" ? ',' : '\0';
 }
 
 Cut FieldCutter::cut(std::string& text, std::size_t pos) const {
     Cut c;
-    c.next = std::min(findField(text, pos, layoutKeys_, blanks_), text.size());
+    c.next = std::min(findField(text, pos, fieldLayout_, blanks_), text.size());
     if (c.next <= pos)
         c.next = text.size(); // every field moves the cut on, or ends it
     std::replace_if(text.begin() + static_cast<std::ptrdiff_t>(pos),

@@ -4,6 +4,7 @@
 
 #include "prefs/Value.h"
 #include "recognize/BlankCounts.h"
+#include "recognize/FindField.h"
 
 #include <cstddef>
 #include <string>
@@ -38,14 +39,13 @@ public:
     // "OFX": a date of eight characters and the rest, without cutting.
     bool ofxLike() const { return ofxLike_; }
     // The layout's name, for the message about a bad quoted field.
-    const std::string& layout() const { return layout_; }
+    const std::string& layout() const { return fieldLayout_.name; }
 
 private:
     void separatedBounds(const std::string& text, Cut& c) const;
 
-    Dictionary layoutKeys_; // the format's layout keys alone, quick to look up field by field
+    FieldLayout fieldLayout_;
     BlankCounts& blanks_;
-    std::string layout_;
     bool separated_ = false;
     char separator_ = '\0'; // dropped from the end of the last field
     bool ofxLike_ = false;

@@ -111,11 +111,19 @@ std::size_t nextDelimitedField(std::string_view text, std::size_t pos, const Lay
 
 } // namespace
 
+FieldLayout FieldLayout::of(const Dictionary& format) {
+    const Value* fields = find(format, fmtkey::Fields);
+    return {fields ? fields->text() : std::string(), has(format, fmtkey::nonUScharacters)};
+}
+
 std::size_t findField(std::string& text, std::size_t pos, const Dictionary& format,
                       BlankCounts& blanks) {
-    const Value* fields = find(format, fmtkey::Fields);
-    Layout layout{fields ? std::string_view(fields->text()) : std::string_view(),
-                  has(format, fmtkey::nonUScharacters)};
+    return findField(text, pos, FieldLayout::of(format), blanks);
+}
+
+std::size_t findField(std::string& text, std::size_t pos, const FieldLayout& fieldLayout,
+                      BlankCounts& blanks) {
+    const Layout layout{fieldLayout.name, fieldLayout.nonUS};
     if (pos >= text.size())
         return text.size();
     if (layout.is("OFX"))

@@ -8,8 +8,19 @@
 
 #include <cstddef>
 #include <string>
+#include <string_view>
 
 namespace tavvel {
+
+// What findField reads of the input format: its Fields entry and whether bytes of 128 and
+// more are field characters. Made once, it spares a caller that cuts field after field the
+// format lookups.
+struct FieldLayout {
+    std::string name;
+    bool nonUS = false;
+
+    static FieldLayout of(const Dictionary& format);
+};
 
 // Where the field after the one starting at pos begins, or text.size() when none does. The
 // field at pos ends just before the separator found. In "CSV" layout a quoted last field
@@ -17,6 +28,8 @@ namespace tavvel {
 // The default layout reads and updates blanks.initialBlanks; "MULTIPLE_BLANKS" reads
 // blanks.multipleBlanks.
 std::size_t findField(std::string& text, std::size_t pos, const Dictionary& format,
+                      BlankCounts& blanks);
+std::size_t findField(std::string& text, std::size_t pos, const FieldLayout& layout,
                       BlankCounts& blanks);
 
 } // namespace tavvel

@@ -10,17 +10,24 @@ struct LineEnds {
     std::size_t cr = 0;
 };
 
-// One pass over the text: a large statement is read from memory as few times as may be.
+// Found by memchr, which looks at many bytes at a time: a large statement is counted at the
+// speed of reading memory.
+std::size_t countByte(std::string_view text, char byte) {
+    std::size_t count = 0;
+    for (std::size_t at = text.find(byte); at != std::string_view::npos;
+         at = text.find(byte, at + 1))
+        ++count;
+    return count;
+}
+
 LineEnds countLineEnds(std::string_view text) {
     LineEnds ends;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        if (text[i] == '\n') {
-            ++ends.lf;
-        } else if (text[i] == '\r') {
-            ++ends.cr;
-            if (i + 1 < text.size() && text[i + 1] == '\n')
-                ++ends.crlf;
-        }
+    ends.lf = countByte(text, '\n');
+    for (std::size_t at = text.find('\r'); at != std::string_view::npos;
+         at = text.find('\r', at + 1)) {
+        ++ends.cr;
+        if (at + 1 < text.size() && text[at + 1] == '\n')
+            ++ends.crlf;
     }
     return ends;
 }

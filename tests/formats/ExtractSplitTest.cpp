@@ -78,6 +78,12 @@ TEST_F(ExtractSplit, CrLfLeavesEmptyTransactionsBetweenLines) {
     const Dictionary format = onePerLine(slashDates("\n", ","));
     EXPECT_EQ(split("Date,Payee\r\n05/02/2024,A\r\n05/03/2024,B\r\n", format),
               (Lines{"05/02/2024,A", "", "05/03/2024,B", ""}));
+    // Carriage returns alone end lines as line feeds do, and so does each of a mixed pair.
+    const Dictionary anyStart = onePerLine(slashDates(" ", ","));
+    EXPECT_EQ(split("on 05/02/2024,A\r05/03/2024,B\r05/04/2024,C", anyStart),
+              (Lines{"on 05/02/2024,A", "05/03/2024,B", "05/04/2024,C"}));
+    EXPECT_EQ(split("on 05/02/2024,A\n\r05/03/2024,B\r05/04/2024,C\n", anyStart),
+              (Lines{"on 05/02/2024,A", "", "05/03/2024,B", "05/04/2024,C"}));
 }
 
 TEST_F(ExtractSplit, TextWithoutAnAcceptedDateHasNoTransaction) {
