@@ -59,7 +59,7 @@ void flipSign(std::string& amount) {
 } // namespace
 
 std::optional<std::string> BankingCreditCardQIF::normalizeQIFAmountIn(Dictionary& record) const {
-    const Value* stored = find(record, txkey::amount);
+    Value* stored = find(record, txkey::amount);
     if (!stored)
         return std::nullopt;
     if (const Value* done = find(record, txkey::amountAlreadyConverted); done && done->toBool())
@@ -71,7 +71,7 @@ std::optional<std::string> BankingCreditCardQIF::normalizeQIFAmountIn(Dictionary
     leadingMinus(amount);
     if (qifInputTypeTag & kQifReverseSigns)
         flipSign(amount);
-    record.insert_or_assign(std::string(txkey::amount), Value(amount));
+    *stored = Value(amount);
     record.insert_or_assign(std::string(txkey::amountAlreadyConverted), Value(true));
     return amount;
 }

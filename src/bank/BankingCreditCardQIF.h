@@ -129,6 +129,8 @@ private:
     Step back();
     void outputWithInstruction(Walk& walk, const Prepared& p, Dictionary& record);
     std::string categoryFor(const Dictionary& record, const std::string& ruleCategory) const;
+    // The category the confirmation form starts with.
+    std::string formCategory(const Dictionary& record) const;
     Dictionary continuation(const std::string& output);
     void addRecord(const PendingRecords::Texts& texts);
     Dictionary& transactionAt(std::size_t i);

@@ -2,6 +2,8 @@
 
 #include "bank/TransactionKeys.h"
 
+#include <algorithm>
+
 namespace tavvel {
 
 namespace {
@@ -30,11 +32,25 @@ std::size_t readLength(const std::string& from, std::size_t& at) {
 const std::array<std::string_view, 6> PendingRecords::keys = {
     txkey::date, txkey::number, txkey::description, txkey::memo, txkey::category, txkey::amount};
 
+namespace {
+
+// The keys' positions in a record's own order: each entry then goes in at the end, with no
+// search down the tree.
+const std::array<std::size_t, 6> keysInOrder = [] {
+    std::array<std::size_t, 6> order{0, 1, 2, 3, 4, 5};
+    std::sort(order.begin(), order.end(), [](std::size_t a, std::size_t b) {
+        return KeyOrder{}(PendingRecords::keys[a], PendingRecords::keys[b]);
+    });
+    return order;
+}();
+
+} // namespace
+
 Dictionary PendingRecords::recordOf(const Texts& texts) {
     Dictionary record;
-    for (std::size_t k = 0; k < keys.size(); ++k)
+    for (std::size_t k : keysInOrder)
         if (texts[k])
-            record.emplace(std::string(keys[k]), Value(std::string(*texts[k])));
+            record.emplace_hint(record.end(), std::string(keys[k]), Value(std::string(*texts[k])));
     return record;
 }
 

@@ -70,13 +70,13 @@ BankingCreditCardQIF::prepare(Dictionary& record, std::string& output, const Wal
     bool alreadySwapped = find(record, txkey::AlreadySwapped) != nullptr;
     if (doSwap || (options.swapDescriptionAndMemo && !alreadySwapped)) {
         swapDescriptionAndMemo(record);
-    } else if (textOf(record, txkey::description).empty() &&
+    } else if (textViewOf(record, txkey::description).empty() &&
                optionOn(prefs, option::treatMemoAsDescription) && has(record, txkey::memo)) {
         record.insert_or_assign(std::string(txkey::description),
                                 Value(textOf(record, txkey::memo)));
     }
     doSwap = false;
-    if (textOf(record, txkey::description).empty())
+    if (textViewOf(record, txkey::description).empty())
         record.insert_or_assign(std::string(txkey::description),
                                 Value(optionOn(prefs, option::leaveBlankDescriptionsBlank)
                                           ? ""

@@ -45,9 +45,18 @@ std::string formMemo(const std::optional<Dictionary>& amount, const Dictionary& 
 
 } // namespace
 
+std::string BankingCreditCardQIF::formCategory(const Dictionary& record) const {
+    if (amountInstruction_)
+        return categoryFor(record, textOf(*amountInstruction_, akey::amountCategory));
+    if (!instruction_.empty())
+        return categoryFor(record, textOf(instruction_, ikey::category));
+    bool keepsNone = !optionOn(ctx_.prefs, option::dontAddCategories) &&
+                     !optionOn(ctx_.prefs, option::useCategoriesIfPresent);
+    return keepsNone ? std::string() : textOf(record, txkey::category);
+}
+
 ConfirmForm::Setup BankingCreditCardQIF::confirmSetup(const Walk& walk, const Prepared& p,
                                                       const Dictionary& record) const {
-    const TvPrefs& prefs = ctx_.prefs;
     ConfirmForm::Setup setup;
     setup.recordDate = textOf(record, txkey::date);
     setup.date = p.date;
@@ -59,14 +68,7 @@ ConfirmForm::Setup BankingCreditCardQIF::confirmSetup(const Walk& walk, const Pr
         formDescription(amountInstruction_, instruction_, changedDescription, p.description);
     if (has(record, txkey::memo))
         setup.memo = formMemo(amountInstruction_, instruction_, p.memo);
-    bool keepsNone = !optionOn(prefs, option::dontAddCategories) &&
-                     !optionOn(prefs, option::useCategoriesIfPresent);
-    if (amountInstruction_)
-        setup.category = categoryFor(record, textOf(*amountInstruction_, akey::amountCategory));
-    else if (!instruction_.empty())
-        setup.category = categoryFor(record, textOf(instruction_, ikey::category));
-    else
-        setup.category = keepsNone ? std::string() : textOf(record, txkey::category);
+    setup.category = formCategory(record);
     setup.splits = splits;
     setup.recordHasCategory = has(record, txkey::category);
     setup.mustConfirm = mustConfirm;
@@ -80,23 +82,24 @@ ConfirmForm::Setup BankingCreditCardQIF::confirmSetup(const Walk& walk, const Pr
 BankingCreditCardQIF::Step BankingCreditCardQIF::confirm(Walk& walk, Prepared& p,
                                                          Dictionary& record) {
     redisplayConfirm_ = false;
-    ConfirmForm::Setup setup = confirmSetup(walk, p, record);
-    // A front end that accepts the form as filled would write exactly what the form was
-    // filled with, so the form model is not made; a refused category still shows it.
+    // A front end that accepts the form as filled would write exactly what the form would be
+    // filled with, so neither the form nor its setup is made; a refused category still
+    // shows it.
     if (walk.dialogs.acceptsFormsAsShown()) {
-        BankOutput out{setup.date,
-                       setup.description,
-                       setup.memo ? setup.memo : p.memo,
-                       p.amount,
-                       setup.number,
-                       setup.category,
-                       clearedFor(record, walk.options),
-                       setup.splits ? &*setup.splits : nullptr};
+        BankOutput out{
+            p.date,
+            formDescription(amountInstruction_, instruction_, changedDescription, p.description),
+            has(record, txkey::memo) ? formMemo(amountInstruction_, instruction_, p.memo) : p.memo,
+            p.amount,
+            numberFor(record, walk.options),
+            formCategory(record),
+            clearedFor(record, walk.options),
+            splits ? &*splits : nullptr};
         if (writeAccepted(walk, record, out))
             return Step::advanced;
     }
     ConfirmForm form(ctx_.prefs);
-    form.fill(setup);
+    form.fill(confirmSetup(walk, p, record));
     return confirmed(walk, p, record, form);
 }
 
