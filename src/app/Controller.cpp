@@ -206,12 +206,19 @@ Intake Controller::classifyOFX() {
 }
 
 Intake Controller::classifyLines() {
-    fileAsLines = findLines(fileAsString);
+    lines_ = findLineViews(fileAsString, linesWithoutCR_);
+    Intake intake = classifyLineViews();
+    // The views may point into text that has changed since.
+    std::vector<std::string_view>().swap(lines_);
+    std::string().swap(linesWithoutCR_);
+    return intake;
+}
+
+Intake Controller::classifyLineViews() {
     if (continuationData)
         return classifyResumedOutput();
-    std::vector<std::string_view> views(fileAsLines.begin(), fileAsLines.end());
     std::size_t start = 0;
-    int result = ImportQuickenExport(ctx_.prefs, dialogs_).process(views, start, source);
+    int result = ImportQuickenExport(ctx_.prefs, dialogs_).process(lines_, start, source);
     if (result > 0 && (result & (ImportQuickenExport::kAccountsReplaced |
                                  ImportQuickenExport::kCategoriesReplaced)))
         Categories(ctx_.prefs).updateAccounts();
@@ -221,35 +228,36 @@ Intake Controller::classifyLines() {
     if (result <= 0)
         start = 0;
     std::size_t head = start;
-    while (head < fileAsLines.size() && fileAsLines[head].empty())
+    while (head < lines_.size() && lines_[head].empty())
         ++head;
-    if (head >= fileAsLines.size())
+    if (head >= lines_.size())
         return refuse(text::noTransactionsTitle, text::noQifTransactions);
     return classifyQIF(head);
 }
 
 Intake Controller::classifyQIF(std::size_t head) {
-    bool recordEnds =
-        std::any_of(fileAsLines.begin() + static_cast<std::ptrdiff_t>(head), fileAsLines.end(),
-                    [](const std::string& l) { return l.empty() || l == "^"; });
+    const auto from = [this](std::size_t i) {
+        return lines_.begin() + static_cast<std::ptrdiff_t>(i);
+    };
+    bool recordEnds = std::any_of(from(head), lines_.end(),
+                                  [](std::string_view l) { return l.empty() || l == "^"; });
     bool resuming = continuationData.has_value();
-    if (fileAsLines[head] == "!Account") {
-        auto next = std::find(fileAsLines.begin() + static_cast<std::ptrdiff_t>(head) + 1,
-                              fileAsLines.end(), "!Account");
-        if (next != fileAsLines.end() && !resuming)
+    if (lines_[head] == "!Account") {
+        auto next = std::find(from(head + 1), lines_.end(), "!Account");
+        if (next != lines_.end() && !resuming)
             return refuse(text::invalidInputTitle, text::multipleAccounts);
-        if (head + 1 < fileAsLines.size())
-            account = fileAsLines[head + 1].substr(
-                std::min<std::size_t>(1, fileAsLines[head + 1].size()));
-        auto type = std::find_if(
-            fileAsLines.begin() + static_cast<std::ptrdiff_t>(head) + 1, fileAsLines.end(),
-            [](const std::string& l) { return startsWith(l, "!Type") || startsWith(l, "!TYPE"); });
-        if (type == fileAsLines.end() && !resuming)
+        if (head + 1 < lines_.size())
+            account = std::string(
+                lines_[head + 1].substr(std::min<std::size_t>(1, lines_[head + 1].size())));
+        auto type = std::find_if(from(head + 1), lines_.end(), [](std::string_view l) {
+            return startsWith(l, "!Type") || startsWith(l, "!TYPE");
+        });
+        if (type == lines_.end() && !resuming)
             return refuse(text::invalidInputTitle, text::noTransactionsInAccount);
-        if (type != fileAsLines.end())
-            head = static_cast<std::size_t>(type - fileAsLines.begin());
+        if (type != lines_.end())
+            head = static_cast<std::size_t>(type - lines_.begin());
     }
-    const std::string& headLine = fileAsLines[head];
+    const std::string_view headLine = lines_[head];
     bool qif = recordEnds && (startsWith(headLine, "!Type") || startsWith(headLine, "!TYPE") ||
                               startsWith(headLine, "C*") || startsWith(headLine, "D"));
     if (!qif)
@@ -274,7 +282,7 @@ Intake Controller::classifyQIF(std::size_t head) {
         form_.qifType = 0;
     int kind = headLine == "!Type:Invst" ? 2 : accountKindFor(ctx_.gType);
     form_.setInput({false, shown, kind, account});
-    fileAsLines.erase(fileAsLines.begin(), fileAsLines.begin() + static_cast<std::ptrdiff_t>(skip));
+    fileAsLines.assign(from(skip), lines_.end());
     skippedLines = skip;
     controlHelpAnchor = "QIF";
     return endClassification();
@@ -284,11 +292,11 @@ Intake Controller::classifyQIF(std::size_t head) {
 // output without one (no header for "Bank or Credit Card", delimited output, nothing accepted
 // yet) leaves the kind undecided, since the stored transactions, not this text, are walked.
 Intake Controller::classifyResumedOutput() {
-    auto head = std::find_if(fileAsLines.begin(), fileAsLines.end(),
-                             [](const std::string& l) { return !l.empty(); });
-    if (head == fileAsLines.end())
+    auto head =
+        std::find_if(lines_.begin(), lines_.end(), [](std::string_view l) { return !l.empty(); });
+    if (head == lines_.end())
         return classifyUndecided();
-    return classifyQIF(static_cast<std::size_t>(head - fileAsLines.begin()));
+    return classifyQIF(static_cast<std::size_t>(head - lines_.begin()));
 }
 
 Intake Controller::classifyUndecided() {

@@ -111,6 +111,7 @@ private:
     RunEnd resume();
     Intake classifyOFX();
     Intake classifyLines();
+    Intake classifyLineViews();
     Intake classifyQIF(std::size_t head);
     Intake extract();
     Intake endClassification();
@@ -135,6 +136,10 @@ private:
     Instructions instructions_;
     bool markAsCleared_ = false, markAsUncleared_ = false;
     std::string runOutputDate_, runOutputNumber_;
+    // The input's lines while it is classified: views, since a text statement never needs
+    // them as strings, and only a QIF file keeps them (in fileAsLines).
+    std::vector<std::string_view> lines_;
+    std::string linesWithoutCR_;
 };
 
 } // namespace tavvel

@@ -32,35 +32,41 @@ LineEnds countLineEnds(std::string_view text) {
     return ends;
 }
 
-std::vector<std::string> split(std::string_view text, std::string_view separator,
-                               std::size_t pieces) {
-    std::vector<std::string> lines;
+std::vector<std::string_view> split(std::string_view text, std::string_view separator,
+                                    std::size_t pieces) {
+    std::vector<std::string_view> lines;
     lines.reserve(pieces);
     std::size_t from = 0;
     for (std::size_t at = text.find(separator); at != std::string_view::npos;
          at = text.find(separator, from)) {
-        lines.emplace_back(text.substr(from, at - from));
+        lines.push_back(text.substr(from, at - from));
         from = at + separator.size();
     }
-    lines.emplace_back(text.substr(from));
+    lines.push_back(text.substr(from));
     return lines;
 }
 
 } // namespace
 
-std::vector<std::string> findLines(std::string_view text) {
+std::vector<std::string_view> findLineViews(std::string_view text, std::string& withoutCR) {
     const LineEnds ends = countLineEnds(text);
     if (ends.crlf > 0 && ends.lf == ends.crlf)
         return split(text, "\r\n", ends.crlf + 1);
     if (ends.crlf > 0) {
-        std::vector<std::string> lines = split(text, "\n", ends.lf + 1);
-        for (std::string& line : lines)
-            std::erase(line, '\r');
-        return lines;
+        // Cut at LF with every CR gone is the same as cutting first and removing them after.
+        withoutCR.assign(text);
+        std::erase(withoutCR, '\r');
+        return split(withoutCR, "\n", ends.lf + 1);
     }
     if (ends.cr > 0)
         return split(text, "\r", ends.cr + 1);
     return split(text, "\n", ends.lf + 1);
+}
+
+std::vector<std::string> findLines(std::string_view text) {
+    std::string withoutCR;
+    const std::vector<std::string_view> views = findLineViews(text, withoutCR);
+    return {views.begin(), views.end()};
 }
 
 } // namespace tavvel
