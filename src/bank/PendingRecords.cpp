@@ -81,12 +81,40 @@ Dictionary PendingRecords::take(std::size_t i) {
         texts[k] = std::string_view(packed_).substr(at, length);
         at += length;
     }
-    return recordOf(texts);
+    Dictionary record;
+    for (std::size_t k : keysInOrder)
+        if (texts[k])
+            put(record, keys[k], *texts[k]);
+    return record;
+}
+
+// An entry of a recycled record keeps its key's and text's buffers: assigning into them
+// allocates only for a longer text.
+void PendingRecords::put(Dictionary& record, std::string_view key, std::string_view text) {
+    if (spare_.empty()) {
+        record.emplace_hint(record.end(), std::string(key), Value(std::string(text)));
+        return;
+    }
+    Dictionary::node_type node = std::move(spare_.back());
+    spare_.pop_back();
+    node.key().assign(key);
+    if (std::string* own = node.mapped().get<std::string>())
+        own->assign(text);
+    else
+        node.mapped() = Value(std::string(text));
+    record.insert(record.end(), std::move(node));
+}
+
+void PendingRecords::recycle(Dictionary& record) {
+    while (!record.empty() && spare_.size() < spareLimit)
+        spare_.push_back(record.extract(record.begin()));
+    record.clear();
 }
 
 void PendingRecords::clear() {
     std::string().swap(packed_);
     std::vector<std::size_t>().swap(starts_);
+    std::vector<Dictionary::node_type>().swap(spare_);
 }
 
 } // namespace tavvel

@@ -241,7 +241,7 @@ Dictionary& BankingCreditCardQIF::transactionAt(std::size_t i) {
 // a walked record again.
 void BankingCreditCardQIF::letGo(std::size_t i, const Walk& walk) {
     if (walk.dialogs.acceptsFormsAsShown())
-        Dictionary().swap(qif[i]);
+        pending_.recycle(qif[i]);
 }
 
 BankingCreditCardQIF::Step BankingCreditCardQIF::step(Walk& walk) {

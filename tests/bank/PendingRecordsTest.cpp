@@ -37,5 +37,26 @@ TEST(PendingRecords, TakenRecordsHoldExactlyTheTextsAddedInAnyOrder) {
     EXPECT_FALSE(pending.pending(1));
 }
 
+// Records built in the entries of walked ones hold exactly their own texts, whatever those
+// entries held before: longer or shorter texts, numbers, flags, keys a record lacks.
+TEST(PendingRecords, RecycledEntriesCarryNothingOver) {
+    PendingRecords pending;
+    pending.add({"1/2/2024", "1001", std::string(40, 'd'), "a memo", "Food", "-5.00"});
+    pending.add({"1/3/2024", std::nullopt, "B", std::nullopt, std::nullopt, "2.00"});
+    pending.add({"1/4/2024", "7", "C", "m", "Cat", "3.00"});
+
+    Dictionary first = pending.take(0);
+    first.insert_or_assign("outputLength", Value(std::int64_t{42}));
+    first.insert_or_assign("amountAlreadyConverted", Value(true));
+    pending.recycle(first);
+    EXPECT_TRUE(first.empty());
+
+    EXPECT_EQ(pending.take(1), (Dictionary{{"date", Value("1/3/2024")},
+                                           {"description", Value("B")},
+                                           {"amount", Value("2.00")}}));
+    EXPECT_EQ(pending.take(2),
+              PendingRecords::recordOf({"1/4/2024", "7", "C", "m", "Cat", "3.00"}));
+}
+
 } // namespace
 } // namespace tavvel
