@@ -47,10 +47,13 @@ std::optional<Date> DateReader::readAnew(std::string_view field) {
 }
 
 const std::string& DateReader::written(Date date) {
-    std::string pattern = ctx_.output.longDatePattern();
-    if (pattern != pattern_ || written_.size() >= kMemoLimit) {
+    // The prefix alone is compared: making the whole pattern for every date cost more than
+    // finding the date written.
+    const std::string& prefix = ctx_.output.datePrefix;
+    if (prefix_ != prefix || written_.size() >= kMemoLimit) {
         written_.clear();
-        pattern_ = std::move(pattern);
+        prefix_ = prefix;
+        pattern_ = ctx_.output.longDatePattern();
     }
     auto known = written_.find(date.seconds);
     if (known == written_.end())

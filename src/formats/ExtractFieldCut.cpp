@@ -27,13 +27,14 @@ FieldCutter::FieldCutter(const Dictionary& format, BlankCounts& blanks)
     separator_ = layout == "SSV" ? ';' : layout == "CSV" ? ',' : '\0';
 }
 
-Cut FieldCutter::cut(std::string& text, std::size_t pos) const {
+Cut FieldCutter::cut(std::string& text, std::size_t pos, bool mayHoldLineEnds) const {
     Cut c;
     c.next = std::min(findField(text, pos, fieldLayout_, blanks_), text.size());
     if (c.next <= pos)
         c.next = text.size(); // every field moves the cut on, or ends it
-    std::replace_if(text.begin() + static_cast<std::ptrdiff_t>(pos),
-                    text.begin() + static_cast<std::ptrdiff_t>(c.next), isLineEnd, ' ');
+    if (mayHoldLineEnds)
+        std::replace_if(text.begin() + static_cast<std::ptrdiff_t>(pos),
+                        text.begin() + static_cast<std::ptrdiff_t>(c.next), isLineEnd, ' ');
     c.start = pos;
     while (c.start < c.next && text[c.start] == ' ')
         ++c.start;

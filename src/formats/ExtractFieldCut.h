@@ -34,7 +34,9 @@ public:
 
     // The field at pos. Line ends inside it become blanks in the copy, and a "CSV" copy may
     // lose a blank after its quoted last field.
-    Cut cut(std::string& text, std::size_t pos) const;
+    Cut cut(std::string& text, std::size_t pos) const { return cut(text, pos, true); }
+    // The same for a caller that knows whether the text holds line ends at all.
+    Cut cut(std::string& text, std::size_t pos, bool mayHoldLineEnds) const;
 
     // "OFX": a date of eight characters and the rest, without cutting.
     bool ofxLike() const { return ofxLike_; }

@@ -74,9 +74,12 @@ Extract::Read Extract::readTransaction(std::string_view transaction, extract::Ru
 // False when a field cannot be read: the error is then what is handed out.
 bool Extract::cutIntoFields(std::string_view transaction, const extract::RunFormat& run) {
     work_.assign(transaction);
+    // A transaction of one line, the usual kind, has no line ends to turn into blanks.
+    const bool lineEnds = transaction.find('\n') != std::string_view::npos ||
+                          transaction.find('\r') != std::string_view::npos;
     std::size_t pos = 0;
     do {
-        const extract::Cut cut = run.cutter.cut(work_, pos);
+        const extract::Cut cut = run.cutter.cut(work_, pos, lineEnds);
         if (cut.status == extract::CutStatus::unclosedQuote) {
             handOutError(invalidSeparatedMessage(run.cutter.layout()), transaction);
             return false;

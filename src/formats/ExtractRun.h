@@ -46,6 +46,7 @@ private:
     std::unordered_map<std::string, std::optional<Date>, TextHash, std::equal_to<>> fields_;
     std::map<std::array<std::int64_t, 3>, Date> days_;
     std::map<double, std::string> written_;
+    std::optional<std::string> prefix_; // the date prefix pattern_ was made from
     std::string pattern_;
 };
 

@@ -22,7 +22,10 @@ bool LookupCache::listHolds(const Dictionary& store, std::string_view listKey,
                 if (item.isString())
                     list_->push_back(item.text());
     }
-    return std::find(list_->begin(), list_->end(), text) != list_->end();
+    // Length first: most names differ in it, and then no bytes are compared.
+    return std::any_of(list_->begin(), list_->end(), [text](const std::string& item) {
+        return item.size() == text.size() && std::string_view(item) == text;
+    });
 }
 
 void LookupCache::clear() {

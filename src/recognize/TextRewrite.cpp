@@ -62,6 +62,11 @@ std::string convertOutputForFieldType(const TvPrefs& prefs, std::string_view key
                                       std::optional<std::string_view> memo) {
     const Value* stored = prefs.objectForKey(key);
     const std::string_view pattern = stored ? std::string_view(stored->text()) : "";
+    // The patterns almost every user keeps, answered without going through them.
+    if (pattern == "%d")
+        return std::string(description.value_or(""));
+    if (pattern == "%m")
+        return std::string(memo.value_or(""));
     std::string out;
     for (std::size_t i = 0; i < pattern.size(); ++i) {
         if (pattern[i] != '%') {
