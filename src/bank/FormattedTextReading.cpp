@@ -12,11 +12,11 @@
 #include "formats/ExtractTexts.h"
 #include "prefs/Settings.h"
 #include "recognize/FindAmount.h"
+#include "recognize/PrintAmount.h"
 #include "recognize/TextRewrite.h"
 #include "ui/RunHelpers.h"
 
 #include <algorithm>
-#include <charconv>
 
 namespace tavvel {
 
@@ -116,14 +116,6 @@ double amountOf(const Columns& columns, const Fields& fields) {
     return columns.invert ? -value : value;
 }
 
-// As "%.*f" prints it, at a fraction of the cost: statements run to many thousands of lines.
-std::string printedAmount(double value, int precision) {
-    char buffer[400]; // the largest double written out in full, and its decimals
-    auto [end, error] =
-        std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::fixed, precision);
-    return error == std::errc() ? std::string(buffer, end) : std::string();
-}
-
 // The record's texts (in PendingRecords' order); nothing when the Date column lies beyond the
 // transaction's fields. The amount is printed into `amount`, which the texts then point into.
 std::optional<PendingRecords::Texts> textsFrom(const Fields& fields, const Columns& columns,
@@ -131,7 +123,7 @@ std::optional<PendingRecords::Texts> textsFrom(const Fields& fields, const Colum
     std::optional<std::string_view> date = column(columns.date, fields);
     if (!date)
         return std::nullopt;
-    amount = printedAmount(amountOf(columns, fields), precision);
+    printFixed(amount, amountOf(columns, fields), precision);
     return PendingRecords::Texts{date,
                                  column(columns.check, fields),
                                  column(columns.description, fields),
