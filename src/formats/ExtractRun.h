@@ -8,7 +8,6 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <functional>
 #include <map>
 #include <optional>
 #include <string>
@@ -32,18 +31,12 @@ public:
     const std::string& written(Date date);
 
 private:
-    struct TextHash {
-        using is_transparent = void;
-        std::size_t operator()(std::string_view text) const {
-            return std::hash<std::string_view>{}(text);
-        }
-    };
     std::optional<Date> readAnew(std::string_view field);
 
     Dictionary keys_; // the format's date keys alone, quick to look up
     Context& ctx_;
     // Fields are read once each: the same few hundred date texts come back line after line.
-    std::unordered_map<std::string, std::optional<Date>, TextHash, std::equal_to<>> fields_;
+    std::unordered_map<std::string, std::optional<Date>, TextHash, SameText> fields_;
     std::map<std::array<std::int64_t, 3>, Date> days_;
     std::map<double, std::string> written_;
     std::optional<std::string> prefix_; // the date prefix pattern_ was made from

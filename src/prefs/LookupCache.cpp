@@ -14,7 +14,7 @@ const Value* LookupCache::find(const Dictionary& store, std::string_view key) co
 
 bool LookupCache::listHolds(const Dictionary& store, std::string_view listKey,
                             std::string_view text) const {
-    if (!list_ || listKey_ != listKey) {
+    if (!list_ || !sameBytes(listKey_, listKey)) {
         list_.emplace();
         listKey_ = listKey;
         if (const Value* list = find(store, listKey))
@@ -23,9 +23,8 @@ bool LookupCache::listHolds(const Dictionary& store, std::string_view listKey,
                     list_->push_back(item.text());
     }
     // Length first: most names differ in it, and then no bytes are compared.
-    return std::any_of(list_->begin(), list_->end(), [text](const std::string& item) {
-        return item.size() == text.size() && std::string_view(item) == text;
-    });
+    return std::any_of(list_->begin(), list_->end(),
+                       [text](const std::string& item) { return sameBytes(item, text); });
 }
 
 void LookupCache::clear() {

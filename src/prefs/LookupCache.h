@@ -8,7 +8,6 @@
 #include "prefs/Value.h"
 
 #include <cstddef>
-#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -37,14 +36,7 @@ public:
     void clear();
 
 private:
-    struct TextHash {
-        using is_transparent = void;
-        std::size_t operator()(std::string_view text) const {
-            return std::hash<std::string_view>{}(text);
-        }
-    };
-
-    mutable std::unordered_map<std::string, const Value*, TextHash, std::equal_to<>> found_;
+    mutable std::unordered_map<std::string, const Value*, TextHash, SameText> found_;
     mutable std::string listKey_;
     // Option lists are short: looking through them, length first, beats hashing the name.
     mutable std::optional<std::vector<std::string>> list_;

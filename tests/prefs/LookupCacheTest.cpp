@@ -56,10 +56,13 @@ TEST(LookupCache, CopiesAnswerFromTheirOwnDictionary) {
 TEST(LookupCache, DictionaryKeysKeepByteOrder) {
     std::mt19937 draw(7);
     std::vector<std::string> keys{"", "a", "ab", "b", "\xC3\xA9", "Date", "DateEnd", "Datf"};
-    for (int i = 0; i < 300; ++i) {
-        std::string key(draw() % 6, '\0');
-        for (char& c : key)
-            c = static_cast<char>(draw() % 256);
+    // Long shared starts, so that keys also differ past their first eight and sixteen bytes.
+    const std::string start = "OutputDateFormatShortYear";
+    const std::string bytes("ab\x00\x7F\x80\xFF", 6);
+    for (int i = 0; i < 600; ++i) {
+        std::string key = i % 2 ? start.substr(0, draw() % start.size()) : "";
+        for (std::size_t n = draw() % 6; n > 0; --n)
+            key += i % 3 ? bytes[draw() % bytes.size()] : static_cast<char>(draw() % 256);
         keys.push_back(key);
     }
     Dictionary dictionary;
