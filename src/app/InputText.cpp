@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstdint>
+#include <cstring>
 #include <string_view>
 
 namespace tavvel {
@@ -49,6 +50,23 @@ constexpr std::array<unsigned char, 256> kControlBytes = [] {
     return table;
 }();
 
+// Whether any of eight bytes lies below 0x20 or is 0x7F (the usual word-at-a-time tests for a
+// byte below a bound and for a zero byte, both exact about whether there is one). Text has a
+// line end every few dozen bytes, so most words hold neither and need no closer look.
+bool mayHoldControl(std::uint64_t word) {
+    constexpr std::uint64_t ones = 0x0101010101010101u, highs = 0x8080808080808080u;
+    const std::uint64_t below = (word - ones * 0x20) & ~word & highs;
+    const std::uint64_t del = word ^ (ones * 0x7F);
+    return (below | ((del - ones) & ~del & highs)) != 0;
+}
+
+std::size_t controlsIn(std::string_view bytes) {
+    std::size_t controls = 0;
+    for (char c : bytes)
+        controls += kControlBytes[static_cast<unsigned char>(c)];
+    return controls;
+}
+
 } // namespace
 
 void normaliseInputText(std::string& bytes) {
@@ -62,9 +80,16 @@ void normaliseInputText(std::string& bytes) {
 }
 
 bool looksBinary(const std::string& bytes) {
+    const std::string_view view(bytes);
     std::size_t controls = 0;
-    for (char c : bytes)
-        controls += kControlBytes[static_cast<unsigned char>(c)];
+    std::size_t at = 0;
+    for (; at + 8 <= view.size(); at += 8) {
+        std::uint64_t word;
+        std::memcpy(&word, view.data() + at, sizeof word);
+        if (mayHoldControl(word))
+            controls += controlsIn(view.substr(at, 8));
+    }
+    controls += controlsIn(view.substr(at));
     // Real statements hold next to none; random bytes about one in ten.
     return controls > bytes.size() / 16;
 }

@@ -64,5 +64,17 @@ TEST(InputText, BinaryIsWhatHoldsManyControlCharacters) {
     EXPECT_TRUE(looksBinary(words + std::string(12, '\x1B')));
 }
 
+// Every byte value, spread over every position within the words the file is looked at in.
+TEST(InputText, EachControlByteCountsWhereverItStands) {
+    for (int value = 0; value < 256; ++value) {
+        std::string text(180, 'w');
+        for (std::size_t at = 1; at < text.size(); at += 15)
+            text[at] = static_cast<char>(value);
+        const bool control =
+            (value < 0x20 && (value < '\t' || value > '\r') && value != 0x1A) || value == 0x7F;
+        EXPECT_EQ(looksBinary(text), control) << value;
+    }
+}
+
 } // namespace
 } // namespace tavvel
