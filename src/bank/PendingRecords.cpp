@@ -3,6 +3,7 @@
 #include "bank/TransactionKeys.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace tavvel {
 
@@ -81,18 +82,55 @@ Dictionary PendingRecords::take(std::size_t i) {
         texts[k] = std::string_view(packed_).substr(at, length);
         at += length;
     }
-    Dictionary record;
-    for (std::size_t k : keysInOrder)
-        if (texts[k])
-            put(record, keys[k], *texts[k]);
+    Dictionary record = std::move(reusable_);
+    reusable_.clear();
+    fillIn(record, texts);
     return record;
 }
 
-// An entry of a recycled record keeps its key's and text's buffers: assigning into them
-// allocates only for a longer text.
-void PendingRecords::put(Dictionary& record, std::string_view key, std::string_view text) {
+// Records mostly hold the same keys one after another: going through the walked record and
+// the keys together, in their shared order, rewrites each text in place and moves out only
+// the entries the new record lacks.
+void PendingRecords::fillIn(Dictionary& record, const Texts& texts) {
+    auto entry = record.begin();
+    for (std::size_t k : keysInOrder) {
+        while (entry != record.end() && KeyOrder{}(entry->first, keys[k]))
+            entry = setAside(record, entry);
+        const bool here = entry != record.end() && sameBytes(entry->first, keys[k]);
+        if (!texts[k]) {
+            if (here)
+                entry = setAside(record, entry);
+            continue;
+        }
+        if (!here) {
+            put(record, entry, keys[k], *texts[k]);
+            continue;
+        }
+        if (std::string* own = entry->second.get<std::string>())
+            own->assign(*texts[k]);
+        else
+            entry->second = Value(std::string(*texts[k]));
+        ++entry;
+    }
+    while (entry != record.end())
+        entry = setAside(record, entry);
+}
+
+Dictionary::iterator PendingRecords::setAside(Dictionary& record, Dictionary::iterator entry) {
+    auto next = std::next(entry);
+    if (spare_.size() < spareLimit)
+        spare_.push_back(record.extract(entry));
+    else
+        record.erase(entry);
+    return next;
+}
+
+// An entry set aside keeps its key's and text's buffers: assigning into them allocates only
+// for a longer text.
+void PendingRecords::put(Dictionary& record, Dictionary::iterator before, std::string_view key,
+                         std::string_view text) {
     if (spare_.empty()) {
-        record.emplace_hint(record.end(), std::string(key), Value(std::string(text)));
+        record.emplace_hint(before, std::string(key), Value(std::string(text)));
         return;
     }
     Dictionary::node_type node = std::move(spare_.back());
@@ -102,19 +140,23 @@ void PendingRecords::put(Dictionary& record, std::string_view key, std::string_v
         own->assign(text);
     else
         node.mapped() = Value(std::string(text));
-    record.insert(record.end(), std::move(node));
+    record.insert(before, std::move(node));
 }
 
 void PendingRecords::recycle(Dictionary& record) {
-    while (!record.empty() && spare_.size() < spareLimit)
-        spare_.push_back(record.extract(record.begin()));
-    record.clear();
+    if (reusable_.empty()) {
+        reusable_.swap(record);
+        return;
+    }
+    for (auto entry = record.begin(); entry != record.end();)
+        entry = setAside(record, entry);
 }
 
 void PendingRecords::clear() {
     std::string().swap(packed_);
     std::vector<std::size_t>().swap(starts_);
     std::vector<Dictionary::node_type>().swap(spare_);
+    reusable_.clear();
 }
 
 } // namespace tavvel

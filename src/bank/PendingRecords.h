@@ -29,17 +29,20 @@ public:
     bool pending(std::size_t i) const { return i < starts_.size() && starts_[i] != taken; }
     // Record `i`, which stops being pending. Only for a pending record.
     Dictionary take(std::size_t i);
-    // Keeps the entries of a record nothing reads any more (which it empties), for the next
-    // records taken to be built in: a walk over many thousands of transactions then hardly
-    // allocates.
+    // Keeps a record nothing reads any more (which it empties), for the next records taken
+    // to be built in: a walk over many thousands of transactions then hardly allocates.
     void recycle(Dictionary& record);
     void clear();
 
 private:
     static constexpr std::size_t taken = static_cast<std::size_t>(-1);
     static constexpr std::size_t spareLimit = 16; // more than a record's entries
-    void put(Dictionary& record, std::string_view key, std::string_view text);
+    void fillIn(Dictionary& record, const Texts& texts);
+    Dictionary::iterator setAside(Dictionary& record, Dictionary::iterator entry);
+    void put(Dictionary& record, Dictionary::iterator before, std::string_view key,
+             std::string_view text);
 
+    Dictionary reusable_; // the last record recycled, rewritten into the next one taken
     std::vector<Dictionary::node_type> spare_;
     std::string packed_; // per record: which keys it has, then each text's length and bytes
     std::vector<std::size_t> starts_; // where each record begins in packed_

@@ -48,12 +48,15 @@ TEST(PendingRecords, RecycledEntriesCarryNothingOver) {
     Dictionary first = pending.take(0);
     first.insert_or_assign("outputLength", Value(std::int64_t{42}));
     first.insert_or_assign("amountAlreadyConverted", Value(true));
+    first.insert_or_assign("amount", Value(1.5));
     pending.recycle(first);
     EXPECT_TRUE(first.empty());
 
-    EXPECT_EQ(pending.take(1), (Dictionary{{"date", Value("1/3/2024")},
-                                           {"description", Value("B")},
-                                           {"amount", Value("2.00")}}));
+    Dictionary second = pending.take(1);
+    EXPECT_EQ(second, (Dictionary{{"date", Value("1/3/2024")},
+                                  {"description", Value("B")},
+                                  {"amount", Value("2.00")}}));
+    pending.recycle(second);
     EXPECT_EQ(pending.take(2),
               PendingRecords::recordOf({"1/4/2024", "7", "C", "m", "Cat", "3.00"}));
 }
