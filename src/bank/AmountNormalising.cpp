@@ -58,7 +58,7 @@ void flipSign(std::string& amount) {
 
 } // namespace
 
-std::optional<std::string> BankingCreditCardQIF::normalizeQIFAmountIn(Dictionary& record) const {
+std::optional<std::string> BankingCreditCardQIF::normalizeQIFAmountIn(Dictionary& record) {
     Value* stored = find(record, txkey::amount);
     if (!stored)
         return std::nullopt;
@@ -72,7 +72,10 @@ std::optional<std::string> BankingCreditCardQIF::normalizeQIFAmountIn(Dictionary
     if (qifInputTypeTag & kQifReverseSigns)
         flipSign(amount);
     *stored = Value(amount);
-    record.insert_or_assign(std::string(txkey::amountAlreadyConverted), Value(true));
+    if (Value* done = find(record, txkey::amountAlreadyConverted))
+        *done = Value(true);
+    else
+        pending_.insert(record, txkey::amountAlreadyConverted, Value(true));
     return amount;
 }
 

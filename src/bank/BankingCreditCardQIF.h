@@ -65,7 +65,7 @@ public:
     // removed, European separators, parentheses and trailing minus turned into a leading
     // minus, signs reversed by the QIF input type). Marks the record so a second call changes
     // nothing. Nothing when the record has no amount.
-    std::optional<std::string> normalizeQIFAmountIn(Dictionary& record) const;
+    std::optional<std::string> normalizeQIFAmountIn(Dictionary& record);
 
     // processSplits: — rebuilds `splits` for output from the current transaction's splits.
     void processSplits(const Array* transactionSplits);

@@ -143,6 +143,18 @@ void PendingRecords::put(Dictionary& record, Dictionary::iterator before, std::s
     record.insert(before, std::move(node));
 }
 
+void PendingRecords::insert(Dictionary& record, std::string_view key, Value value) {
+    if (spare_.empty()) {
+        record.emplace(std::string(key), std::move(value));
+        return;
+    }
+    Dictionary::node_type node = std::move(spare_.back());
+    spare_.pop_back();
+    node.key().assign(key);
+    node.mapped() = std::move(value);
+    record.insert(std::move(node));
+}
+
 void PendingRecords::recycle(Dictionary& record) {
     if (reusable_.empty()) {
         reusable_.swap(record);

@@ -32,6 +32,9 @@ public:
     // Keeps a record nothing reads any more (which it empties), for the next records taken
     // to be built in: a walk over many thousands of transactions then hardly allocates.
     void recycle(Dictionary& record);
+    // Adds an entry the record lacks (the walk's own marks), in one set aside from walked
+    // records when there is one.
+    void insert(Dictionary& record, std::string_view key, Value value);
     void clear();
 
 private:

@@ -64,8 +64,8 @@ BankingCreditCardQIF::prepare(Dictionary& record, std::string& output, const Wal
     if (const Value* length = find(record, txkey::outputLength))
         output.resize(std::min<std::size_t>(output.size(), length->toInteger()));
     else
-        record.emplace(std::string(txkey::outputLength),
-                       Value(static_cast<std::int64_t>(output.size())));
+        pending_.insert(record, txkey::outputLength,
+                        Value(static_cast<std::int64_t>(output.size())));
     const TvPrefs& prefs = ctx_.prefs;
     bool alreadySwapped = find(record, txkey::AlreadySwapped) != nullptr;
     if (doSwap || (options.swapDescriptionAndMemo && !alreadySwapped)) {

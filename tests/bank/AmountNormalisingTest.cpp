@@ -8,7 +8,7 @@
 namespace tavvel {
 namespace {
 
-std::string normalised(const BankingCreditCardQIF& reader, std::string amount) {
+std::string normalised(BankingCreditCardQIF& reader, std::string amount) {
     Dictionary record{{"amount", Value(std::move(amount))}};
     return reader.normalizeQIFAmountIn(record).value_or("<none>");
 }
