@@ -1,7 +1,5 @@
 #include "prefs/LookupCache.h"
 
-#include <algorithm>
-
 namespace tavvel {
 
 const Value* LookupCache::find(const Dictionary& store, std::string_view key) const {
@@ -12,19 +10,13 @@ const Value* LookupCache::find(const Dictionary& store, std::string_view key) co
     return value;
 }
 
-bool LookupCache::listHolds(const Dictionary& store, std::string_view listKey,
-                            std::string_view text) const {
-    if (!list_ || !sameBytes(listKey_, listKey)) {
-        list_.emplace();
-        listKey_ = listKey;
-        if (const Value* list = find(store, listKey))
-            for (const Value& item : list->array())
-                if (item.isString())
-                    list_->push_back(item.text());
-    }
-    // Length first: most names differ in it, and then no bytes are compared.
-    return std::any_of(list_->begin(), list_->end(),
-                       [text](const std::string& item) { return sameBytes(item, text); });
+void LookupCache::keepList(const Dictionary& store, std::string_view listKey) const {
+    list_.emplace();
+    listKey_ = listKey;
+    if (const Value* list = find(store, listKey))
+        for (const Value& item : list->array())
+            if (item.isString())
+                list_->push_back(item.text());
 }
 
 void LookupCache::clear() {

@@ -32,13 +32,22 @@ public:
 
     const Value* find(const Dictionary& store, std::string_view key) const;
     // Whether the list under listKey holds the text (entries that are not text never match).
-    bool listHolds(const Dictionary& store, std::string_view listKey, std::string_view text) const;
+    // In line, with the list kept as texts: options are asked for several times a transaction.
+    bool listHolds(const Dictionary& store, std::string_view listKey, std::string_view text) const {
+        if (!list_ || !sameBytes(listKey_, listKey))
+            keepList(store, listKey);
+        for (const std::string& item : *list_)
+            if (sameBytes(item, text)) // length first: most names differ in it
+                return true;
+        return false;
+    }
     void clear();
 
 private:
+    void keepList(const Dictionary& store, std::string_view listKey) const;
     mutable std::unordered_map<std::string, const Value*, TextHash, SameText> found_;
     mutable std::string listKey_;
-    // Option lists are short: looking through them, length first, beats hashing the name.
+    // Option lists are short: looking through them beats hashing the name.
     mutable std::optional<std::vector<std::string>> list_;
 };
 

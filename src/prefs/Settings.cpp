@@ -13,10 +13,6 @@ std::optional<std::size_t> findOption(const TvPrefs& prefs, std::string_view nam
     return std::nullopt;
 }
 
-bool optionOn(const TvPrefs& prefs, std::string_view name) {
-    return prefs.listHolds(prefkey::Preferences, name);
-}
-
 Array optionList(const TvPrefs& prefs) {
     const Value* list = prefs.objectForKey(prefkey::Preferences);
     return list ? list->array() : Array{};

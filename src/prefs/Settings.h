@@ -105,7 +105,10 @@ inline constexpr std::string_view outputFormat = "outputFormat";
 // find: — the option's position in the option list; nothing when it is absent or when there
 // is no option list at all.
 std::optional<std::size_t> findOption(const TvPrefs& prefs, std::string_view name);
-bool optionOn(const TvPrefs& prefs, std::string_view name);
+// In line: a walk asks several times for every transaction.
+inline bool optionOn(const TvPrefs& prefs, std::string_view name) {
+    return prefs.listHolds(prefkey::Preferences, name);
+}
 // add: — puts the name into the option list when it is not there yet and stores the list
 // (without saving to disk).
 void addOption(TvPrefs& prefs, std::string_view name);
