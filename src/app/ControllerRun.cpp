@@ -301,6 +301,8 @@ RunEnd Controller::saveContinuation(Dictionary record) {
 }
 
 RunEnd Controller::processInstructionsDidEnd(const WalkResult& result) {
+    // What the walk learned in passing (the descriptions it met) is saved once, here.
+    ctx_.prefs.synchronize();
     if (result.continuation)
         return saveContinuation(*result.continuation);
     RunEnd end = RunEnd::nothingOutput;

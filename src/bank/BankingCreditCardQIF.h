@@ -11,6 +11,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_set>
 #include <vector>
 
 namespace tavvel {
@@ -135,6 +136,8 @@ private:
     void addRecord(const PendingRecords::Texts& texts);
     Dictionary& transactionAt(std::size_t i);
     void letGo(std::size_t i, const Walk& walk);
+    void rememberDescription(const Walk& walk, std::string_view description);
+    void addDescriptionsMet();
 
     Dictionary instruction_;
     std::optional<Dictionary> amountInstruction_;
@@ -151,6 +154,9 @@ private:
                                                  Date fromDate, Date toDate) const;
 
     PendingRecords pending_;
+    // Descriptions a walk without forms met, first occurrences in order, until it ends.
+    std::vector<std::string> descriptionsMet_;
+    std::unordered_set<std::string, TextHash, SameText> descriptionsSeen_;
     Context& ctx_;
 };
 

@@ -272,7 +272,9 @@ WalkResult BankingCreditCardQIF::processInstructionsAndAppendToString(
     Instructions& instructions, const WalkOptions& options) {
     Walk walk{output, writer, warning, dialogs, instructions, options};
     numberOfTransactionsAppended = 0;
-    return walkOn(walk);
+    WalkResult result = walkOn(walk);
+    addDescriptionsMet();
+    return result;
 }
 
 WalkResult BankingCreditCardQIF::continueWith(const Dictionary& data, std::string& output,
@@ -293,7 +295,9 @@ WalkResult BankingCreditCardQIF::continueWith(const Dictionary& data, std::strin
     numberOfTransactionsAppended = count("numberOfTransactionsAppended");
     mustConfirm = optionOn(ctx_.prefs, option::confirmAllTransactions);
     Walk walk{output, writer, warning, dialogs, instructions, options};
-    return walkOn(walk);
+    WalkResult result = walkOn(walk);
+    addDescriptionsMet();
+    return result;
 }
 
 WalkResult BankingCreditCardQIF::walkOn(Walk& walk) {

@@ -119,8 +119,28 @@ bool BankingCreditCardQIF::writeAccepted(Walk& walk, const Dictionary& record,
         accepted = categories.registerCategory(out.category.value_or(""), walk.dialogs);
     if (!accepted)
         return false;
-    Descriptions(ctx_.prefs).addDescription(out.description.value_or(""));
+    rememberDescription(walk, out.description.value_or(""));
     return true;
+}
+
+// A walk nobody answers meets descriptions by the thousand: they join the list together when
+// it ends. One that shows its forms adds each at once, for the next form's completion.
+void BankingCreditCardQIF::rememberDescription(const Walk& walk, std::string_view description) {
+    if (!walk.dialogs.acceptsFormsAsShown()) {
+        Descriptions(ctx_.prefs).addDescription(description);
+        return;
+    }
+    if (description.empty() || descriptionsSeen_.contains(description))
+        return;
+    descriptionsSeen_.emplace(description);
+    descriptionsMet_.emplace_back(description);
+}
+
+void BankingCreditCardQIF::addDescriptionsMet() {
+    if (!descriptionsMet_.empty())
+        Descriptions(ctx_.prefs).addDescriptions(descriptionsMet_);
+    descriptionsMet_.clear();
+    descriptionsSeen_.clear();
 }
 
 BankingCreditCardQIF::Step BankingCreditCardQIF::confirmed(Walk& walk, Prepared& p,

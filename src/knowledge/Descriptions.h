@@ -5,7 +5,9 @@
 
 #include "knowledge/TextList.h"
 
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace tavvel {
 
@@ -14,8 +16,11 @@ public:
     explicit Descriptions(TvPrefs& prefs);
 
     // addDescription: — inserts a non-empty description before the first entry that sorts
-    // after it ignoring case and writes the list out; an exact duplicate changes nothing.
+    // after it ignoring case, in the store only (a run saves it when its walk ends); an exact
+    // duplicate changes nothing.
     void addDescription(std::string_view description);
+    // The same for each text in turn, at the cost of one pass over the list.
+    void addDescriptions(const std::vector<std::string>& texts);
 
     Array getDescriptionsArray() const { return list(); }
     void setDescriptionsArray(Array descriptions) { write(std::move(descriptions)); }

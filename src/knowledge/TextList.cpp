@@ -20,6 +20,10 @@ void TextList::write(Array list) {
     writeList(prefs_, key_, std::move(list));
 }
 
+void TextList::keep(Array list) {
+    prefs_.setObject(key_, Value(std::move(list)));
+}
+
 std::string TextList::itemAtIndex(std::int64_t position) const {
     return textAtPosition(list(), position);
 }

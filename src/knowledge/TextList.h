@@ -34,6 +34,8 @@ protected:
     const Array& list() const;
     // Replaces the whole list and writes it out.
     void write(Array list);
+    // Replaces the whole list in the store alone: it reaches the disk with the next save.
+    void keep(Array list);
 
     TvPrefs& prefs_;
 

@@ -2,6 +2,7 @@
 #include "knowledge/Amounts.h"
 #include "knowledge/Descriptions.h"
 #include "knowledge/KnowledgeKeys.h"
+#include "prefs/Settings.h"
 
 namespace tavvel::test {
 namespace {
@@ -67,17 +68,43 @@ TEST_F(DescriptionsTest, SortedWithoutExactDuplicatesButWithCaseVariants) {
         descriptions.addDescription(text);
     EXPECT_EQ(descriptions.getDescriptionsArray(),
               texts({"amazon", "AMAZON", "Costco", "Safeway", "Zappos"}));
+    prefs().synchronize();
     TvPrefs again = reopened();
     EXPECT_EQ(Descriptions(again).getDescriptionsArray(), descriptions.getDescriptionsArray());
 }
 
-TEST_F(DescriptionsTest, AnExactDuplicateWritesNothing) {
+// A statement may bring thousands of new descriptions: they are saved with the store, not
+// one write each.
+TEST_F(DescriptionsTest, AddingWritesNothingUntilTheStoreIsSaved) {
     Descriptions descriptions(prefs());
-    descriptions.addDescription("Costco");
     std::filesystem::remove(prefsFile());
+    descriptions.addDescription("Costco");
     descriptions.addDescription("Costco");
     descriptions.addDescription("");
     EXPECT_FALSE(std::filesystem::exists(prefsFile()));
+    prefs().synchronize();
+    TvPrefs again = reopened();
+    EXPECT_EQ(Descriptions(again).getDescriptionsArray(), texts({"Costco"}));
+}
+
+// A walk's descriptions join the list together, and end as they would one by one: after the
+// entries equal ignoring case, in the order they came, without exact duplicates. A list out
+// of order is added to one by one.
+TEST_F(DescriptionsTest, AddedTogetherAsIfAddedOneByOne) {
+    const std::vector<std::string> batch{"costco", "Zappos", "",     "Costco", "AMAZON",
+                                         "zappos", "amazon", "Aldi", "Costco", "Zzz"};
+    for (const Array& start : {texts({"amazon", "Costco", "Safeway"}), texts({}),
+                               texts({"Safeway", "amazon", "Costco"})}) {
+        TestContext together, oneByOne;
+        together.ctx.prefs.setObject(prefkey::Descriptions, Value(start));
+        oneByOne.ctx.prefs.setObject(prefkey::Descriptions, Value(start));
+        Descriptions(together.ctx.prefs).addDescriptions(batch);
+        Descriptions each(oneByOne.ctx.prefs);
+        for (const std::string& text : batch)
+            each.addDescription(text);
+        EXPECT_EQ(Descriptions(together.ctx.prefs).getDescriptionsArray(),
+                  each.getDescriptionsArray());
+    }
 }
 
 TEST_F(DescriptionsTest, CreatedFromInstructionsAsIfAddedOneByOne) {
