@@ -115,9 +115,10 @@ void RunForm::offerAccounts(bool anyName) {
 }
 
 void RunForm::fillQifOutputPart(bool appendOption, std::size_t accounts) {
-    auto existing =
-        writable(previousOutputFile) ? readWholeFile(previousOutputFile, 1 << 20) : std::nullopt;
-    doAppend = appendOption && accounts > 0 && existing && startsWith(*existing, "!Account");
+    // Only a file that can be appended to is read: the last output may be large.
+    const bool mayAppend = appendOption && accounts > 0 && writable(previousOutputFile);
+    auto existing = mayAppend ? readWholeFile(previousOutputFile, 1 << 20) : std::nullopt;
+    doAppend = existing && startsWith(*existing, "!Account");
     appendSwitchVisible = appendSwitchOn = outputFileFieldVisible = doAppend;
     outputFileText = doAppend ? lastComponent(previousOutputFile) : std::string();
     appendPopUpVisible = false;
