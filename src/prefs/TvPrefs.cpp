@@ -48,15 +48,20 @@ TvPrefs TvPrefs::open(const std::filesystem::path& folder, std::string_view appl
     PlistRead read = readPropertyListFile(store.path_);
     if (read.ok()) {
         store.prefs_ = std::move(*read.value.get<Dictionary>());
+        store.unsaved_ = false;
     } else if (read.status != PlistReadStatus::Missing) {
         store.keptAside_ = keepAside(store.path_, now);
         store.prefs_[std::string(prefkey::reconstructedAfterCorruption)] = Value(true);
     }
     // There is no per-user defaults domain to take over here: only the marker is set.
-    if (!store.prefs_.contains(prefkey::convertedFromPlist))
+    if (!store.prefs_.contains(prefkey::convertedFromPlist)) {
         store.prefs_[std::string(prefkey::convertedFromPlist)] = Value(true);
-    if (newApplicationID)
+        store.unsaved_ = true;
+    }
+    if (newApplicationID) {
         store.path_ = pathFor(folder, *newApplicationID);
+        store.unsaved_ = true;
+    }
     return store;
 }
 
@@ -84,8 +89,11 @@ double TvPrefs::doubleForKey(std::string_view key) const {
 }
 
 void TvPrefs::setObject(std::string_view key, const Value& value) {
+    if (auto it = prefs_.find(key); it != prefs_.end() && it->second == value)
+        return;
     prefs_.insert_or_assign(std::string(key), value);
     cache_.clear();
+    unsaved_ = true;
 }
 
 void TvPrefs::setObject(std::string_view key, const std::optional<Value>& value) {
@@ -104,17 +112,23 @@ void TvPrefs::setFloat(std::string_view key, float value) {
 }
 
 void TvPrefs::removeObjectForKey(std::string_view key) {
-    if (auto it = prefs_.find(key); it != prefs_.end())
-        prefs_.erase(it);
+    auto it = prefs_.find(key);
+    if (it == prefs_.end())
+        return;
+    prefs_.erase(it);
     cache_.clear();
+    unsaved_ = true;
 }
 
 bool TvPrefs::synchronize() {
-    if (path_.empty())
+    if (path_.empty() || !unsaved_)
         return true;
     std::error_code ec;
     std::filesystem::create_directories(path_.parent_path(), ec);
-    return writePropertyListFile(path_, Value(prefs_));
+    if (!writePropertyListFile(path_, Value(prefs_)))
+        return false;
+    unsaved_ = false;
+    return true;
 }
 
 } // namespace tavvel

@@ -22,6 +22,22 @@ class TvPrefs {
 public:
     // A store that lives in memory only: synchronize() succeeds and writes nothing.
     TvPrefs() = default;
+    // A copy may stand for another moment than the file's (a store put back as it was before
+    // a refused run): the next save writes it whatever it holds.
+    TvPrefs(const TvPrefs& other)
+        : prefs_(other.prefs_), path_(other.path_), keptAside_(other.keptAside_) {}
+    TvPrefs& operator=(const TvPrefs& other) {
+        if (this != &other) {
+            prefs_ = other.prefs_;
+            cache_.clear();
+            path_ = other.path_;
+            keptAside_ = other.keptAside_;
+            unsaved_ = true;
+        }
+        return *this;
+    }
+    TvPrefs(TvPrefs&&) = default;
+    TvPrefs& operator=(TvPrefs&&) = default;
 
     // initForApplicationID:newApplicationID: — opens <folder>/<id>.prefs. With a new identifier,
     // later saves go to <folder>/<newId>.prefs and the old file is left in place. A file that
@@ -61,7 +77,9 @@ public:
     Dictionary prefsMutableDictionary() const { return prefs_; }
     const Dictionary& dictionary() const { return prefs_; }
 
-    // Writes the whole dictionary to prefsPath atomically; false when the write failed.
+    // Writes the whole dictionary to prefsPath atomically; false when the write failed. A
+    // store unchanged since it was read or last written is not written again: a run saves at
+    // every step that may have changed something, and each write waits for the disk.
     bool synchronize();
 
     const std::filesystem::path& prefsPath() const { return path_; }
@@ -71,6 +89,7 @@ public:
 private:
     Dictionary prefs_;
     LookupCache cache_;
+    bool unsaved_ = true; // changes the file does not hold yet
     std::filesystem::path path_;
     std::filesystem::path keptAside_;
 };

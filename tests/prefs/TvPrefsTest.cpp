@@ -107,6 +107,36 @@ TEST(TvPrefs, FailedWriteIsReportedAndLeavesNoTemporaryFile) {
     for ([[maybe_unused]] auto& e : fs::directory_iterator(blocked))
         ++entries;
     EXPECT_EQ(entries, 1);
+    // The changes a failed write could not save are written by the next one.
+    fs::remove(blocked / "TavvelMain.prefs");
+    EXPECT_TRUE(prefs.synchronize());
+    EXPECT_EQ(TvPrefs::open(blocked, "TavvelMain").integerForKey("x"), 1);
+}
+
+// Only a change makes the next save write: storing what is already there is none.
+TEST(TvPrefs, AnUnchangedStoreIsNotWrittenAgain) {
+    test::TempFolder folder;
+    TvPrefs prefs = TvPrefs::open(folder.path(), "TavvelMain");
+    prefs.setObject("x", Value(1));
+    ASSERT_TRUE(prefs.synchronize());
+    fs::remove(prefs.prefsPath());
+    prefs.setObject("x", Value(1));
+    prefs.removeObjectForKey("absent");
+    EXPECT_TRUE(prefs.synchronize());
+    EXPECT_FALSE(fs::exists(prefs.prefsPath()));
+    prefs.removeObjectForKey("x");
+    EXPECT_TRUE(prefs.synchronize());
+    EXPECT_TRUE(fs::exists(prefs.prefsPath()));
+
+    TvPrefs reopened = TvPrefs::open(folder.path(), "TavvelMain");
+    fs::remove(reopened.prefsPath());
+    EXPECT_TRUE(reopened.synchronize());
+    EXPECT_FALSE(fs::exists(reopened.prefsPath()));
+    // A store put back from a copy may differ from the file, whatever changed in between.
+    const TvPrefs snapshot = reopened;
+    reopened = snapshot;
+    EXPECT_TRUE(reopened.synchronize());
+    EXPECT_TRUE(fs::exists(reopened.prefsPath()));
 }
 
 // A save killed at any moment leaves either the previous file or the new one, whole.
