@@ -104,11 +104,14 @@ Files& files() {
     return once;
 }
 
-// A store in memory after a first start under --batch, with instructions consulted, and
-// holding `stored` as its instructions.
+// A store after a first start under --batch, with instructions consulted, and holding
+// `stored` as its instructions. It is saved in the benchmark's own folder, never the
+// current one.
 std::unique_ptr<Context> startedContext(TerminalDialogs& dialogs, const Array& stored) {
     static const Configuration config = Configuration::load(TAVVEL_CONFIG_FILE).value();
-    auto ctx = std::make_unique<Context>(config, Clock::system(), Places{});
+    Places places;
+    places.prefsFolder = files().folder / "config";
+    auto ctx = std::make_unique<Context>(config, Clock::system(), places);
     awakeFromNib(*ctx, dialogs);
     std::ostringstream err;
     applySettingChanges(*ctx, {{false, "dontAddCategories"}}, err);
