@@ -9,12 +9,12 @@
 
 #include "bank/BankingCreditCardQIF.h"
 #include "context/Context.h"
+#include "dialogs/RunHelpers.h"
 #include "formats/OutputFormats.h"
 #include "knowledge/Instructions.h"
 #include "prefs/Settings.h"
 #include "recognize/CalendarDate.h"
 #include "recognize/FindLines.h"
-#include "ui/RunHelpers.h"
 
 #include <benchmark/benchmark.h>
 #include <cstdio>

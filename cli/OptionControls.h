@@ -2,7 +2,7 @@
 // Which control of the preferences dialog stands for each option name and valued setting, so
 // that the command line changes settings exactly as the dialog would.
 
-#include "ui/PreferencesForm.h"
+#include "forms/PreferencesForm.h"
 
 #include <optional>
 #include <string_view>

@@ -3,8 +3,8 @@
 // (ok, skip, skip-rest, back, cancel, swap, date, desc, memo, category, splits, split,
 // add-instruction, add-amount-instruction).
 
-#include "ui/ConfirmForm.h"
-#include "ui/Dialogs.h"
+#include "dialogs/Dialogs.h"
+#include "forms/ConfirmForm.h"
 
 #include <istream>
 #include <ostream>

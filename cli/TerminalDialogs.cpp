@@ -2,7 +2,7 @@
 
 #include "TerminalConfirmForm.h"
 #include "TerminalInstructionForm.h"
-#include "ui/DisplayText.h"
+#include "dialogs/DisplayText.h"
 
 #include <filesystem>
 #include <string>

@@ -2,8 +2,8 @@
 // The forms in a terminal: each is printed and answered with a short typed reply. Under
 // --batch nothing is read and every question takes its first (affirmative) button.
 
-#include "ui/Dialogs.h"
-#include "ui/RenameFormatForm.h"
+#include "dialogs/Dialogs.h"
+#include "knowledge/RenameFormatForm.h"
 
 #include <istream>
 #include <optional>

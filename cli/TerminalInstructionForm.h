@@ -4,8 +4,8 @@
 // as-read, match, desc, memo, category, confirm, number, splits, split, and the amount-
 // commands of the amount part).
 
-#include "ui/Dialogs.h"
-#include "ui/NewInstructionForm.h"
+#include "dialogs/Dialogs.h"
+#include "forms/NewInstructionForm.h"
 
 #include <istream>
 #include <ostream>

@@ -3,7 +3,7 @@
 // and answered with short commands, one a line, until a button is pressed. End of input is
 // Cancel, so a script that stops short stores nothing.
 
-#include "ui/LearnForms.h"
+#include "formats/LearnForms.h"
 
 #include <istream>
 #include <optional>

@@ -3,7 +3,7 @@
 // `split` command (add, set, remove) forwarding to whichever form holds the table.
 
 #include "FormCommands.h"
-#include "ui/SplitTable.h"
+#include "forms/SplitTable.h"
 
 #include <functional>
 #include <ostream>

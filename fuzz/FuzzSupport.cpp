@@ -1,6 +1,6 @@
 #include "FuzzSupport.h"
 
-#include "bank/TransactionKeys.h"
+#include "formats/TransactionKeys.h"
 #include "recognize/CalendarDate.h"
 
 #include <cstdio>

@@ -4,7 +4,7 @@
 // both libFuzzer and the replay test see the failure.
 
 #include "context/Context.h"
-#include "ui/Dialogs.h"
+#include "dialogs/Dialogs.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -3,11 +3,11 @@
 #include "SplitTableWidget.h"
 #include "Text.h"
 #include "TypeAheadBinding.h"
+#include "dialogs/DialogTexts.h"
+#include "forms/ConfirmForm.h"
+#include "forms/SplitTable.h"
 #include "knowledge/Categories.h"
 #include "knowledge/Descriptions.h"
-#include "ui/ConfirmForm.h"
-#include "ui/DialogTexts.h"
-#include "ui/SplitTable.h"
 
 #include <QFormLayout>
 #include <QHBoxLayout>

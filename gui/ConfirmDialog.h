@@ -2,7 +2,7 @@
 // The confirmation form of one transaction, bound to ConfirmForm: it shows the model's state
 // and forwards each edit; the button pressed becomes the action the walk goes on with.
 
-#include "ui/Dialogs.h"
+#include "dialogs/Dialogs.h"
 
 #include <QDialog>
 

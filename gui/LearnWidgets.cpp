@@ -1,7 +1,7 @@
 #include "LearnWidgets.h"
 
 #include "Text.h"
-#include "ui/DisplayText.h"
+#include "dialogs/DisplayText.h"
 
 #include <QDialogButtonBox>
 #include <QFontMetrics>

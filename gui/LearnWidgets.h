@@ -3,7 +3,7 @@
 // action pressed, the table that shows the sample cut into fields, and the crossing from a
 // position in a shown text back to a byte of the statement.
 
-#include "ui/LearnForms.h"
+#include "formats/LearnForms.h"
 
 #include <QDialog>
 #include <QString>

@@ -2,8 +2,8 @@
 
 #include "QtDialogs.h"
 #include "Text.h"
+#include "forms/ListEditors.h"
 #include "knowledge/EditFormats.h"
-#include "knowledge/ListEditors.h"
 
 #include <QDialogButtonBox>
 #include <QHBoxLayout>

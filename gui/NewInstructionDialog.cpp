@@ -3,9 +3,9 @@
 #include "SplitTableWidget.h"
 #include "Text.h"
 #include "TypeAheadBinding.h"
+#include "dialogs/DialogTexts.h"
+#include "forms/SplitTable.h"
 #include "knowledge/Categories.h"
-#include "ui/DialogTexts.h"
-#include "ui/SplitTable.h"
 
 #include <QCheckBox>
 #include <QFormLayout>

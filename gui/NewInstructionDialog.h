@@ -3,8 +3,8 @@
 // new description and memo, category or splits, switches) and the amount tab, shown from the
 // model and forwarding every edit.
 
-#include "ui/Dialogs.h"
-#include "ui/NewInstructionForm.h"
+#include "dialogs/Dialogs.h"
+#include "forms/NewInstructionForm.h"
 
 #include <QDialog>
 #include <functional>

@@ -3,7 +3,7 @@
 // the description and memo output fields. Every control shows the model's state (enabled
 // flags included) and forwards its event; OK writes everything back, Cancel nothing.
 
-#include "ui/PreferencesForm.h"
+#include "forms/PreferencesForm.h"
 
 #include <QDialog>
 #include <functional>

@@ -6,7 +6,7 @@
 #include "LearnQuestionDialog.h"
 #include "NewInstructionDialog.h"
 #include "Text.h"
-#include "ui/DialogTexts.h"
+#include "dialogs/DialogTexts.h"
 
 #include <QCheckBox>
 #include <QDialogButtonBox>

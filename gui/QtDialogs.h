@@ -3,8 +3,8 @@
 // buttons, the error warning, the cancel question, file dialogs, and the larger forms. Every
 // window is run through runModal(), which tests override to answer it.
 
-#include "ui/Dialogs.h"
-#include "ui/RenameFormatForm.h"
+#include "dialogs/Dialogs.h"
+#include "knowledge/RenameFormatForm.h"
 
 #include <QString>
 

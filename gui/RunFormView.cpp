@@ -4,11 +4,11 @@
 #include "TypeAheadBinding.h"
 #include "app/Controller.h"
 #include "bank/QifInputTypes.h"
+#include "dialogs/Chooser.h"
+#include "forms/RunForm.h"
+#include "forms/RunFormTexts.h"
 #include "knowledge/Accounts.h"
 #include "knowledge/Formats.h"
-#include "ui/Chooser.h"
-#include "ui/RunForm.h"
-#include "ui/RunFormTexts.h"
 
 #include <QAction>
 #include <QButtonGroup>
@@ -23,7 +23,6 @@
 #include <QRadioButton>
 #include <QToolButton>
 #include <QVBoxLayout>
-
 #include <initializer_list>
 
 namespace tavvel::gui {

@@ -1,7 +1,7 @@
 #include "SplitTableWidget.h"
 
 #include "Text.h"
-#include "ui/SplitTable.h"
+#include "forms/SplitTable.h"
 
 #include <QHBoxLayout>
 #include <QHeaderView>

@@ -1,6 +1,6 @@
 #include "Text.h"
 
-#include "ui/DisplayText.h"
+#include "dialogs/DisplayText.h"
 
 #include <QFormLayout>
 #include <QWidget>

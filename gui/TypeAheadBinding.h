@@ -3,7 +3,7 @@
 // field before and the field Qt proposes, and the edit shows what the model answers (the
 // completion with its tail selected, or the user's own typing).
 
-#include "ui/TypeAheadField.h"
+#include "dialogs/TypeAheadField.h"
 
 #include <QObject>
 #include <functional>

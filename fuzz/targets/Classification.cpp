@@ -7,8 +7,8 @@
 #include "../Targets.h"
 #include "app/Controller.h"
 #include "app/InputText.h"
+#include "dialogs/DisplayText.h"
 #include "knowledge/Categories.h"
-#include "ui/DisplayText.h"
 
 namespace tavvel::fuzz {
 

@@ -3,7 +3,7 @@
 #include "../FuzzSupport.h"
 #include "../Targets.h"
 #include "bank/BankingCreditCardQIF.h"
-#include "bank/TransactionKeys.h"
+#include "formats/TransactionKeys.h"
 
 namespace tavvel::fuzz {
 

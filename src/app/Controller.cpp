@@ -12,6 +12,8 @@
 #include "app/ImportQuickenExport.h"
 #include "app/InputText.h"
 #include "context/Context.h"
+#include "dialogs/Dialogs.h"
+#include "forms/RunFormTexts.h"
 #include "knowledge/Accounts.h"
 #include "knowledge/Categories.h"
 #include "knowledge/Formats.h"
@@ -20,8 +22,6 @@
 #include "prefs/Settings.h"
 #include "recognize/FindDate.h"
 #include "recognize/FindLines.h"
-#include "ui/Dialogs.h"
-#include "ui/RunFormTexts.h"
 
 #include <algorithm>
 #include <filesystem>

@@ -4,10 +4,10 @@
 // then the transactions are read, walked and written to the output file.
 
 #include "bank/BankingCreditCardQIF.h"
+#include "dialogs/RunHelpers.h"
 #include "formats/OutputFormats.h"
+#include "forms/RunForm.h"
 #include "knowledge/Instructions.h"
-#include "ui/RunForm.h"
-#include "ui/RunHelpers.h"
 
 #include <filesystem>
 #include <optional>

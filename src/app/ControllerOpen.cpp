@@ -2,8 +2,8 @@
 
 #include "app/Controller.h"
 #include "context/Context.h"
+#include "dialogs/Dialogs.h"
 #include "prefs/Settings.h"
-#include "ui/Dialogs.h"
 
 namespace tavvel {
 

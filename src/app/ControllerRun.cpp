@@ -9,6 +9,7 @@
 #include "app/RunSettings.h"
 #include "bank/QifInputTypes.h"
 #include "context/Context.h"
+#include "dialogs/Dialogs.h"
 #include "formats/Extract.h"
 #include "formats/ExtractKeys.h"
 #include "formats/OutputFormatKeys.h"
@@ -19,7 +20,6 @@
 #include "recognize/CalendarDate.h"
 #include "recognize/FindDate.h"
 #include "recognize/InputFormatKeys.h"
-#include "ui/Dialogs.h"
 
 #include <filesystem>
 

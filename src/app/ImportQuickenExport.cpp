@@ -2,8 +2,8 @@
 
 #include "app/AppTexts.h"
 #include "app/Format.h"
+#include "dialogs/Dialogs.h"
 #include "prefs/Settings.h"
-#include "ui/Dialogs.h"
 
 #include <optional>
 

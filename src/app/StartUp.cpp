@@ -2,12 +2,12 @@
 
 #include "app/AppTexts.h"
 #include "context/Context.h"
+#include "dialogs/Dialogs.h"
 #include "knowledge/Categories.h"
 #include "knowledge/KnowledgeAtStartUp.h"
 #include "prefs/Files.h"
 #include "prefs/Settings.h"
 #include "recognize/CalendarDate.h"
-#include "ui/Dialogs.h"
 
 #include <filesystem>
 

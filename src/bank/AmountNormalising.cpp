@@ -2,8 +2,8 @@
 
 #include "bank/BankingCreditCardQIF.h"
 #include "bank/QifInputTypes.h"
-#include "bank/TransactionKeys.h"
 #include "context/Context.h"
+#include "formats/TransactionKeys.h"
 #include "prefs/Settings.h"
 
 #include <algorithm>

@@ -4,8 +4,8 @@
 // splits for output.
 
 #include "bank/PendingRecords.h"
+#include "forms/ConfirmForm.h"
 #include "prefs/Value.h"
-#include "ui/ConfirmForm.h"
 
 #include <cstddef>
 #include <optional>

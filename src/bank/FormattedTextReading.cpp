@@ -7,6 +7,7 @@
 #include "bank/BankTexts.h"
 #include "bank/BankingCreditCardQIF.h"
 #include "context/Context.h"
+#include "dialogs/RunHelpers.h"
 #include "formats/Extract.h"
 #include "formats/ExtractKeys.h"
 #include "formats/ExtractTexts.h"
@@ -14,7 +15,6 @@
 #include "recognize/FindAmount.h"
 #include "recognize/PrintAmount.h"
 #include "recognize/TextRewrite.h"
-#include "ui/RunHelpers.h"
 
 #include <algorithm>
 

@@ -1,15 +1,15 @@
 #include "bank/NewInstructionSaving.h"
 
-#include "bank/TransactionKeys.h"
+#include "dialogs/Dialogs.h"
+#include "formats/TransactionKeys.h"
+#include "forms/InstructionFormTexts.h"
+#include "forms/NewInstructionForm.h"
 #include "knowledge/Amounts.h"
 #include "knowledge/Categories.h"
 #include "knowledge/Descriptions.h"
 #include "knowledge/FillIn.h"
 #include "knowledge/Instructions.h"
 #include "knowledge/KnowledgeKeys.h"
-#include "ui/Dialogs.h"
-#include "ui/InstructionFormTexts.h"
-#include "ui/NewInstructionForm.h"
 
 namespace tavvel {
 

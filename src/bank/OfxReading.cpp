@@ -7,8 +7,8 @@
 
 #include "bank/BankTexts.h"
 #include "bank/BankingCreditCardQIF.h"
-#include "bank/TransactionKeys.h"
 #include "context/Context.h"
+#include "formats/TransactionKeys.h"
 #include "prefs/Settings.h"
 #include "recognize/CalendarDate.h"
 

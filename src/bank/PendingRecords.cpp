@@ -1,6 +1,6 @@
 #include "bank/PendingRecords.h"
 
-#include "bank/TransactionKeys.h"
+#include "formats/TransactionKeys.h"
 
 #include <algorithm>
 #include <iterator>

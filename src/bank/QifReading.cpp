@@ -3,8 +3,8 @@
 // fields and splits; keep each record that a "^" ends once it has a date.
 
 #include "bank/BankingCreditCardQIF.h"
-#include "bank/TransactionKeys.h"
 #include "context/Context.h"
+#include "formats/TransactionKeys.h"
 #include "prefs/Settings.h"
 #include "recognize/CalendarDate.h"
 #include "recognize/ParseDate.h"

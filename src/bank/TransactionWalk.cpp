@@ -6,16 +6,16 @@
 
 #include "bank/BankTexts.h"
 #include "bank/BankingCreditCardQIF.h"
-#include "bank/TransactionKeys.h"
 #include "bank/WalkState.h"
 #include "context/Context.h"
+#include "dialogs/Dialogs.h"
+#include "dialogs/RunHelpers.h"
 #include "formats/OutputFormats.h"
+#include "formats/TransactionKeys.h"
 #include "knowledge/Amounts.h"
 #include "knowledge/Instructions.h"
 #include "knowledge/KnowledgeKeys.h"
 #include "prefs/Settings.h"
-#include "ui/Dialogs.h"
-#include "ui/RunHelpers.h"
 
 #include <algorithm>
 #include <cctype>

@@ -3,19 +3,19 @@
 
 #include "bank/BankTexts.h"
 #include "bank/NewInstructionSaving.h"
-#include "bank/TransactionKeys.h"
 #include "bank/WalkState.h"
 #include "context/Context.h"
+#include "dialogs/Dialogs.h"
+#include "dialogs/RunHelpers.h"
 #include "formats/OutputFormats.h"
+#include "formats/TransactionKeys.h"
+#include "forms/ConfirmForm.h"
+#include "forms/NewInstructionForm.h"
 #include "knowledge/Categories.h"
 #include "knowledge/Descriptions.h"
 #include "knowledge/Instructions.h"
 #include "knowledge/KnowledgeKeys.h"
 #include "prefs/Settings.h"
-#include "ui/ConfirmForm.h"
-#include "ui/Dialogs.h"
-#include "ui/NewInstructionForm.h"
-#include "ui/RunHelpers.h"
 
 namespace tavvel {
 

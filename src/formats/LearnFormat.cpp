@@ -4,11 +4,11 @@
 #include "formats/LearnFormat.h"
 
 #include "context/Context.h"
+#include "dialogs/Dialogs.h"
 #include "formats/ExtractKeys.h"
 #include "formats/LearnTexts.h"
 #include "knowledge/Formats.h"
 #include "recognize/FindDate.h"
-#include "ui/Dialogs.h"
 
 #include <algorithm>
 

@@ -10,8 +10,8 @@
 // answered with OK: the walk is complete there, and only Cancel throws the answers away.
 
 #include "formats/Extract.h"
+#include "formats/LearnForms.h"
 #include "prefs/Value.h"
-#include "ui/LearnForms.h"
 
 #include <cstdint>
 #include <functional>

@@ -2,9 +2,9 @@
 // The account list (`Accounts`): records with `Name` and `Type` (the type word as imported),
 // and the account chooser, which offers the names of one kind of account.
 
+#include "dialogs/Chooser.h"
+#include "dialogs/Completion.h"
 #include "prefs/TvPrefs.h"
-#include "ui/Chooser.h"
-#include "ui/Completion.h"
 
 #include <cstddef>
 #include <cstdint>

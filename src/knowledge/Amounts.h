@@ -4,8 +4,8 @@
 // ("12.50" and "12.5" are different amounts). These operations change the instruction given
 // and write nothing; the caller stores the instruction afterwards (Instructions::setInstruction).
 
+#include "dialogs/Completion.h"
 #include "prefs/Value.h"
-#include "ui/Completion.h"
 
 #include <cstddef>
 #include <cstdint>

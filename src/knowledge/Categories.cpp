@@ -1,12 +1,12 @@
 #include "knowledge/Categories.h"
 
-#include "knowledge/CaseFold.h"
+#include "dialogs/Dialogs.h"
 #include "knowledge/FillIn.h"
 #include "knowledge/KnowledgeKeys.h"
 #include "knowledge/KnowledgeTexts.h"
 #include "knowledge/StoredList.h"
 #include "prefs/Settings.h"
-#include "ui/Dialogs.h"
+#include "recognize/CaseFold.h"
 
 #include <algorithm>
 

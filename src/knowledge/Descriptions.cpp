@@ -1,9 +1,9 @@
 #include "knowledge/Descriptions.h"
 
-#include "knowledge/CaseFold.h"
 #include "knowledge/KnowledgeKeys.h"
 #include "knowledge/StoredList.h"
 #include "prefs/Settings.h"
+#include "recognize/CaseFold.h"
 
 #include <algorithm>
 #include <set>

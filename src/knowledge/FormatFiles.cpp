@@ -1,12 +1,12 @@
 #include "knowledge/FormatFiles.h"
 
+#include "dialogs/Dialogs.h"
 #include "knowledge/FillIn.h"
 #include "knowledge/Formats.h"
 #include "knowledge/KnowledgeKeys.h"
 #include "knowledge/KnowledgeTexts.h"
 #include "prefs/PropertyList.h"
 #include "prefs/Settings.h"
-#include "ui/Dialogs.h"
 
 namespace tavvel {
 

@@ -4,8 +4,8 @@
 // reads one, lets the user name it in the rename form and stores it with addFormat, so a
 // format of the same name (in any letter case) is replaced.
 
+#include "knowledge/RenameFormatForm.h"
 #include "prefs/Value.h"
-#include "ui/RenameFormatForm.h"
 
 #include <filesystem>
 #include <optional>

@@ -4,8 +4,8 @@
 // text (a record with the `OFX` key) is kept apart under `OFXFormat` and never listed here.
 // Every change is on disk when the call returns.
 
+#include "dialogs/Completion.h"
 #include "prefs/TvPrefs.h"
-#include "ui/Completion.h"
 
 #include <cstddef>
 #include <optional>

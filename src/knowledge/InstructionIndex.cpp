@@ -1,8 +1,8 @@
 #include "knowledge/InstructionIndex.h"
 
-#include "knowledge/CaseFold.h"
 #include "knowledge/KnowledgeKeys.h"
 #include "knowledge/StoredList.h"
+#include "recognize/CaseFold.h"
 
 #include <algorithm>
 

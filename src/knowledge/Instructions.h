@@ -9,9 +9,9 @@
 // behind their backs (a direct setObject) is noticed when it alters the list's size or
 // storage, and reload() rebuilds the index.
 
+#include "dialogs/Completion.h"
 #include "knowledge/InstructionIndex.h"
 #include "prefs/TvPrefs.h"
-#include "ui/Completion.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,10 +1,10 @@
 #include "knowledge/Securities.h"
 
-#include "knowledge/CaseFold.h"
 #include "knowledge/Formats.h"
 #include "knowledge/KnowledgeKeys.h"
 #include "knowledge/StoredList.h"
 #include "prefs/Settings.h"
+#include "recognize/CaseFold.h"
 
 #include <algorithm>
 #include <limits>

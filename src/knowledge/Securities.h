@@ -4,8 +4,8 @@
 // that each input format learns under `SecurityMappings`, from the statement's text (a name
 // or a symbol, matched exactly) to a security name of the list.
 
+#include "dialogs/Completion.h"
 #include "prefs/TvPrefs.h"
-#include "ui/Completion.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,6 +1,6 @@
 #include "knowledge/StoredList.h"
 
-#include "knowledge/CaseFold.h"
+#include "recognize/CaseFold.h"
 
 #include <algorithm>
 

@@ -3,8 +3,8 @@
 // descriptions and the categories. Entries may have levels separated by ":", which the
 // chooser's completion steps through.
 
+#include "dialogs/Completion.h"
 #include "prefs/TvPrefs.h"
-#include "ui/Completion.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -3,11 +3,11 @@
 // Skipped when the corpus is absent.
 
 #include "bank/BankingCreditCardQIF.h"
+#include "dialogs/RunHelpers.h"
 #include "prefs/Files.h"
 #include "recognize/CalendarDate.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TestContext.h"
-#include "ui/RunHelpers.h"
 
 #include <filesystem>
 #include <gtest/gtest.h>

@@ -1,11 +1,11 @@
 // Reading free text through an input format into bank and credit-card records.
 
 #include "bank/BankingCreditCardQIF.h"
+#include "dialogs/RunHelpers.h"
 #include "prefs/Settings.h"
 #include "recognize/CalendarDate.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TestContext.h"
-#include "ui/RunHelpers.h"
 
 #include <gtest/gtest.h>
 

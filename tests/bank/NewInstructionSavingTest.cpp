@@ -1,10 +1,10 @@
 #include "bank/NewInstructionSaving.h"
 
+#include "forms/NewInstructionForm.h"
 #include "knowledge/Instructions.h"
 #include "prefs/Settings.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TestContext.h"
-#include "ui/NewInstructionForm.h"
 
 #include <gtest/gtest.h>
 

@@ -1,12 +1,12 @@
 #include "bank/BankTexts.h"
 #include "bank/BankingCreditCardQIF.h"
+#include "dialogs/RunHelpers.h"
 #include "formats/OutputFormats.h"
 #include "knowledge/Instructions.h"
 #include "prefs/Settings.h"
 #include "recognize/CalendarDate.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TestContext.h"
-#include "ui/RunHelpers.h"
 
 #include <gtest/gtest.h>
 

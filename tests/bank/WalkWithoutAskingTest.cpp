@@ -2,6 +2,7 @@
 // as shown: what is written and learned is what a walk through the forms writes and learns.
 
 #include "bank/BankingCreditCardQIF.h"
+#include "dialogs/RunHelpers.h"
 #include "formats/OutputFormats.h"
 #include "knowledge/Categories.h"
 #include "knowledge/Descriptions.h"
@@ -10,7 +11,6 @@
 #include "recognize/CalendarDate.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TestContext.h"
-#include "ui/RunHelpers.h"
 
 #include <gtest/gtest.h>
 #include <memory>

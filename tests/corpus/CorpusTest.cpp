@@ -7,7 +7,7 @@
 #include "app/ImportQuickenExport.h"
 #include "bank/BankTexts.h"
 #include "bank/BankingCreditCardQIF.h"
-#include "bank/TransactionKeys.h"
+#include "formats/TransactionKeys.h"
 #include "prefs/Files.h"
 #include "prefs/Settings.h"
 #include "recognize/CalendarDate.h"

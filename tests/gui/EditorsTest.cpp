@@ -4,9 +4,9 @@
 #include "AnsweringDialogs.h"
 #include "ListEditorDialog.h"
 #include "PreferencesDialog.h"
+#include "forms/ListEditors.h"
 #include "knowledge/Categories.h"
 #include "knowledge/EditFormats.h"
-#include "knowledge/ListEditors.h"
 #include "prefs/Settings.h"
 #include "support/TestContext.h"
 

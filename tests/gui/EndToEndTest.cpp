@@ -10,9 +10,9 @@
 #include "NewInstructionDialog.h"
 #include "app/Controller.h"
 #include "app/StartUp.h"
+#include "knowledge/RenameFormatForm.h"
 #include "prefs/Files.h"
 #include "support/TestContext.h"
-#include "ui/RenameFormatForm.h"
 
 #include <QProcess>
 #include <QProcessEnvironment>

@@ -4,10 +4,10 @@
 #include "AnsweringDialogs.h"
 #include "ConfirmDialog.h"
 #include "NewInstructionDialog.h"
+#include "forms/ConfirmForm.h"
+#include "forms/NewInstructionForm.h"
 #include "knowledge/Categories.h"
 #include "support/TestContext.h"
-#include "ui/ConfirmForm.h"
-#include "ui/NewInstructionForm.h"
 
 #include <QCheckBox>
 #include <QLabel>

@@ -1,8 +1,8 @@
 #include "knowledge/Accounts.h"
 
 #include "KnowledgeFixture.h"
+#include "forms/ListEditors.h"
 #include "knowledge/AccountTypes.h"
-#include "knowledge/ListEditors.h"
 
 namespace tavvel::test {
 namespace {

@@ -1,8 +1,8 @@
 #include "knowledge/Categories.h"
 
 #include "KnowledgeFixture.h"
+#include "forms/ListEditors.h"
 #include "knowledge/KnowledgeTexts.h"
-#include "knowledge/ListEditors.h"
 #include "prefs/Settings.h"
 
 namespace tavvel::test {

@@ -1,8 +1,8 @@
 #include "KnowledgeFixture.h"
-#include "ui/DescriptionMatchFormatter.h"
-#include "ui/ExistingEntryField.h"
-#include "ui/RenameFormatForm.h"
-#include "ui/TypeAheadField.h"
+#include "dialogs/ExistingEntryField.h"
+#include "dialogs/TypeAheadField.h"
+#include "forms/DescriptionMatchFormatter.h"
+#include "knowledge/RenameFormatForm.h"
 
 #include <vector>
 

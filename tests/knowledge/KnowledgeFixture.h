@@ -2,9 +2,9 @@
 // A preference store on a file in a temporary folder, and the same store read back from its
 // file: what a test reopens is what a crash right after the call would have left.
 
+#include "dialogs/Completion.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TestContext.h"
-#include "ui/Completion.h"
 
 #include <gtest/gtest.h>
 #include <initializer_list>

@@ -1,9 +1,9 @@
 #include "knowledge/Securities.h"
 
 #include "KnowledgeFixture.h"
+#include "forms/ListEditors.h"
 #include "knowledge/Formats.h"
 #include "knowledge/KnowledgeKeys.h"
-#include "knowledge/ListEditors.h"
 #include "prefs/Settings.h"
 
 #include <limits>

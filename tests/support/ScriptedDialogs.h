@@ -3,10 +3,10 @@
 // order; an unexpected or unanswered one fails the test with its title and text and stops
 // the run (so a walk can never wait forever for an answer).
 
-#include "ui/ConfirmForm.h"
-#include "ui/Dialogs.h"
-#include "ui/LearnForms.h"
-#include "ui/NewInstructionForm.h"
+#include "dialogs/Dialogs.h"
+#include "formats/LearnForms.h"
+#include "forms/ConfirmForm.h"
+#include "forms/NewInstructionForm.h"
 
 #include <deque>
 #include <functional>
