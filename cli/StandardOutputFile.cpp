@@ -6,10 +6,27 @@
 
 namespace tavvel {
 
+namespace {
+
+// TMPDIR as the user set it, or /tmp; checked here so that the message can say what to fix.
+std::filesystem::path temporaryFolder() {
+    std::error_code ec;
+    std::filesystem::path folder = std::filesystem::temp_directory_path(ec);
+    if (ec)
+        throw std::runtime_error("the temporary folder (TMPDIR) is missing or not a folder, so "
+                                 "standard output cannot be prepared; set TMPDIR to a folder "
+                                 "that exists");
+    return folder;
+}
+
+} // namespace
+
 StandardOutputFile::StandardOutputFile() {
-    std::string pattern = (std::filesystem::temp_directory_path() / "tavvel-cli-XXXXXX").string();
+    std::string pattern = (temporaryFolder() / "tavvel-cli-XXXXXX").string();
     if (!::mkdtemp(pattern.data()))
-        throw std::runtime_error("cannot create a temporary folder for standard output");
+        throw std::runtime_error("cannot create a temporary folder in " +
+                                 std::filesystem::path(pattern).parent_path().string() +
+                                 " for standard output; set TMPDIR to a writable folder");
     folder_ = pattern;
     path_ = folder_ / "standard output";
 }

@@ -63,7 +63,9 @@ std::optional<std::string> usageProblem(const CliOptions& options) {
 
 } // namespace
 
-int main(int argc, char** argv) {
+namespace {
+
+int run(int argc, char** argv) {
     CliParse parse = parseCommandLine(std::vector<std::string>(argv, argv + argc));
     if (!parse.options) {
         (parse.exitCode == kExitOK ? std::cout : std::cerr) << parse.output;
@@ -99,4 +101,20 @@ int main(int argc, char** argv) {
     if (!options.inputFile)
         return kExitOK;
     return runConversion(ctx, dialogs, options, std::cout, std::cerr);
+}
+
+} // namespace
+
+// The program's edge: whatever a run meets (a full disk, a folder that vanished, memory) ends
+// in a message and status 1, never in an abort. Outputs are written atomically, so a run
+// stopped here leaves no half-written file.
+int main(int argc, char** argv) {
+    try {
+        return run(argc, argv);
+    } catch (const std::exception& error) {
+        std::cerr << "tavvel-cli: " << error.what() << ".\n";
+    } catch (...) {
+        std::cerr << "tavvel-cli: an unexpected error stopped the run.\n";
+    }
+    return kExitRefused;
 }

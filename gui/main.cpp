@@ -13,8 +13,33 @@
 
 using namespace tavvel;
 
-int main(int argc, char** argv) {
-    QApplication application(argc, argv);
+namespace {
+
+void showStop(const QString& what) {
+    QMessageBox::critical(nullptr, QStringLiteral("Tavvel"),
+                          QStringLiteral("An unexpected error stopped this action: %1").arg(what));
+}
+
+// Exceptions must not cross Qt's event loop; each one met while handling an event ends that
+// action with a message, and the window stays usable. Outputs are written atomically, so the
+// stopped action leaves no half-written file.
+class GuardedApplication : public QApplication {
+public:
+    using QApplication::QApplication;
+
+    bool notify(QObject* receiver, QEvent* event) override {
+        try {
+            return QApplication::notify(receiver, event);
+        } catch (const std::exception& error) {
+            showStop(QString::fromStdString(error.what()));
+        } catch (...) {
+            showStop(QStringLiteral("unknown error"));
+        }
+        return false;
+    }
+};
+
+int run(GuardedApplication& application, char** argv) {
     QApplication::setApplicationName(QStringLiteral("Tavvel"));
     QApplication::setDesktopFileName(QStringLiteral("tavvel"));
     QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("tavvel")));
@@ -44,4 +69,18 @@ int main(int argc, char** argv) {
         QTimer::singleShot(0, &window,
                            [&window, file = arguments.at(1)] { window.openFile(file); });
     return QApplication::exec();
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    GuardedApplication application(argc, argv);
+    try {
+        return run(application, argv);
+    } catch (const std::exception& error) {
+        showStop(QString::fromStdString(error.what()));
+    } catch (...) {
+        showStop(QStringLiteral("unknown error"));
+    }
+    return 1;
 }

@@ -2,5 +2,5 @@
 # Configures and builds into build/ (extra arguments go to cmake's configure step).
 set -euo pipefail
 cd "$(dirname "$0")/.."
-cmake -S . -B build -G Ninja -DTAVVEL_BENCH=ON "$@" >/dev/null
-cmake --build build
+cmake --preset default "$@" >/dev/null
+cmake --build --preset default

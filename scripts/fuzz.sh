@@ -12,8 +12,9 @@ seconds=${1:-60}
 shift || true
 build=build-fuzz
 targets=("$@")
-[[ ${#targets[@]} -gt 0 ]] || targets=(ofx_reader qif_reader classification scanners property_list
-    preference_file continuation_file format_file text_engine)
+# Every target: the names of the rows of kTargets in fuzz/Targets.h.
+[[ ${#targets[@]} -gt 0 ]] ||
+    mapfile -t targets < <(sed -nE 's/^ *\{"([a-z_]+)", [A-Za-z]+\},.*/\1/p' fuzz/Targets.h)
 
 CC=clang CXX=clang++ cmake -S . -B "$build" -G Ninja -DTAVVEL_FUZZ=ON -DTAVVEL_TESTS=OFF -DTAVVEL_GUI=OFF \
     -DCMAKE_BUILD_TYPE=RelWithDebInfo >/dev/null

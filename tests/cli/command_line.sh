@@ -21,4 +21,11 @@ printf 'x\n2\n2\n' | "$cli" >"$tmp/out" 2>"$tmp/err"
 grep -qF "Please type a number from 1 to 2." "$tmp/err" || fail "bad reply not refused"
 grep -qF "<string>dontAddCategories</string>" "$prefs" && fail "Add Categories not taken"
 grep -A1 -F "<key>CheckForUpdates</key>" "$prefs" | grep -qF "<false/>" || fail "NO not taken"
+
+# A temporary folder that is gone ends the run with a message, not an abort.
+first_start
+TMPDIR=$tmp/gone run 1 --batch -o - "$(dirname "$0")/../../examples/checking.ofx"
+said "tavvel-cli: the temporary folder (TMPDIR) is missing or not a folder"
+[ ! -s "$tmp/out" ] || fail "a refused run printed on standard output"
+
 echo "command line: ok"

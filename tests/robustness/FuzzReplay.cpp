@@ -1,7 +1,7 @@
 // Every committed fuzz corpus file (seeds and fixed reproducers) run through its target, as
 // libFuzzer would: a failed check or a sanitizer report stops the test, whose output names the
 // file last started.
-#include "../../fuzz/Targets.h"
+#include "Targets.h"
 
 #include <algorithm>
 #include <filesystem>
