@@ -2,6 +2,9 @@
 
 #include "recognize/Utf8.h"
 
+#include <cstdint>
+#include <cstring>
+
 namespace tavvel {
 
 namespace {
@@ -26,11 +29,22 @@ std::size_t sequenceLength(unsigned char lead) {
     return 0;
 }
 
+// Statements are mostly ASCII: eight bytes without a high bit are passed over at once.
+bool asciiWord(std::string_view bytes, std::size_t at) {
+    std::uint64_t word;
+    std::memcpy(&word, bytes.data() + at, sizeof word);
+    return (word & 0x8080808080808080u) == 0;
+}
+
 } // namespace
 
 bool isValidUtf8(std::string_view bytes) {
     std::size_t i = 0;
     while (i < bytes.size()) {
+        if (i + 8 <= bytes.size() && asciiWord(bytes, i)) {
+            i += 8;
+            continue;
+        }
         std::size_t n = sequenceLength(static_cast<unsigned char>(bytes[i]));
         if (n == 0 || i + n > bytes.size())
             return false;
