@@ -1,14 +1,15 @@
 // A whole input as the program receives it: classified as OFX, QIF or free text, refused with
 // a message or made ready for the run form; a ready run then goes to the end unattended,
 // writing its output into a scratch folder. A refusal always says something, and a run that
-// says it wrote its output left a file. Intake's conversion comes first, as for a file; the
-// check for bytes that are no text does not, so that junk still reaches classification.
+// says it wrote its output left a file. Intake's decoding comes first, as for a file, and what
+// it makes is UTF-8; the check for bytes that are no statement does not, so that junk still
+// reaches classification.
 #include "../FuzzSupport.h"
 #include "../Targets.h"
 #include "app/Controller.h"
 #include "app/InputText.h"
-#include "dialogs/DisplayText.h"
 #include "knowledge/Categories.h"
+#include "recognize/TextEncoding.h"
 
 namespace tavvel::fuzz {
 
@@ -23,9 +24,9 @@ int classification(const std::uint8_t* data, std::size_t size) {
     SilentDialogs dialogs((scratch.path() / "output.qif").string());
     Controller controller(ctx, dialogs);
     std::string bytes(*text);
-    bool utf16 = bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF");
     normaliseInputText(bytes);
-    check(!utf16 || isValidUtf8(bytes), "UTF-16 converted into something that is not UTF-8");
+    if (decodeEightBitText(bytes))
+        check(isValidUtf8(bytes), "intake made text that is not UTF-8");
     controller.fileAsString = std::move(bytes);
     controller.source = "fuzz input";
     Intake intake = controller.processInput();

@@ -74,13 +74,14 @@ inline constexpr std::string_view textWithoutDate =
     "The input is not in QIF format, and does not appear to contain a date.  It cannot be "
     "processed.";
 // Our own: a folder or a file we may not open is not a statement without transactions, and
-// bytes that are no text are not a statement at all.
+// bytes that are no text (mostly control bytes, or 8-bit bytes no encoding explains) are not
+// a statement at all.
 inline constexpr std::string_view unreadableInputTitle = "Cannot Read File";
 inline constexpr std::string_view unreadableInput =
     "%@ cannot be read.  Check that it is a file and that you may open it.";
-inline constexpr std::string_view notText =
-    "%@ does not contain text; it cannot be processed.  Tavvel reads bank statements saved as "
-    "OFX, QFX, QIF or text.";
+inline constexpr std::string_view notAStatement =
+    "%@ does not appear to be a statement: its bytes are not text, so it cannot be processed.  "
+    "Tavvel reads bank statements saved as OFX, QFX, QIF or text.";
 inline constexpr std::string_view sourceFile = "File \"%@\"";
 inline constexpr std::string_view sourceContinuation = "Continuation file \"%@\"";
 inline constexpr std::string_view sourceClipboard = "The clipboard";

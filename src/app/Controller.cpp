@@ -1,8 +1,9 @@
 // Intake and classification. Stages: take the input (file, clipboard); a file that cannot be
-// read or holds no text is refused, UTF-16 becomes UTF-8; replace NUL bytes;
-// OFX when "OFXHEADER" occurs anywhere, else cut into lines, offer them to the QIF list
-// importer, find the head line and decide QIF or free text; refuse what cannot be processed;
-// prepare the run form, or run at once when asked to.
+// read is refused; its text becomes UTF-8 whatever encoding it was saved in, and bytes that
+// are no statement are refused; replace NUL bytes; OFX when "OFXHEADER" occurs anywhere or
+// the text is an <OFX> element, else cut into lines, offer them to the QIF list importer, find
+// the head line and decide QIF or free text; refuse what cannot be processed; prepare the run
+// form, or run at once when asked to.
 
 #include "app/Controller.h"
 
@@ -22,6 +23,8 @@
 #include "prefs/Settings.h"
 #include "recognize/FindDate.h"
 #include "recognize/FindLines.h"
+#include "recognize/ParseDate.h"
+#include "recognize/StatementKind.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -87,9 +90,8 @@ Intake Controller::actuallyProcessFile(const std::string& path) {
     auto bytes = readWholeFile(file);
     if (!bytes)
         return refuse(text::unreadableInputTitle, text::unreadableInput);
-    normaliseInputText(*bytes);
-    if (looksBinary(*bytes))
-        return refuse(text::invalidInputTitle, text::notText);
+    if (!takeInStatementText(*bytes))
+        return refuse(text::invalidInputTitle, text::notAStatement);
     fileAsString = std::move(*bytes);
     return processInput();
 }
@@ -146,7 +148,7 @@ Intake Controller::processInput() {
     fileAsLines.clear();
     skippedLines = 0;
     // A continuation holds the run's output so far, which is never OFX, whatever its memos say.
-    if (!continuationData && contains(fileAsString, "OFXHEADER"))
+    if (!continuationData && looksLikeOfx(fileAsString))
         return classifyOFX();
     return classifyLines();
 }
@@ -260,9 +262,7 @@ Intake Controller::classifyQIF(std::size_t head) {
             head = static_cast<std::size_t>(type - lines_.begin());
     }
     const std::string_view headLine = lines_[head];
-    bool qif = recordEnds && (startsWith(headLine, "!Type") || startsWith(headLine, "!TYPE") ||
-                              startsWith(headLine, "C*") || startsWith(headLine, "D"));
-    if (!qif)
+    if (!isQifHead(headLine, recordEnds))
         return continuationData ? classifyUndecided() : extract();
     doingExtract = doingClipboard = false;
     if (!passesRunChecks())
@@ -285,9 +285,29 @@ Intake Controller::classifyQIF(std::size_t head) {
     int kind = headLine == "!Type:Invst" ? 2 : accountKindFor(ctx_.gType);
     form_.setInput({false, shown, kind, account});
     fileAsLines.assign(from(skip), lines_.end());
+    // A header vouches for QIF on its own; its last record then ends where the text ends.
+    if (!recordEnds && !resuming)
+        fileAsLines.emplace_back("^");
     skippedLines = skip;
     controlHelpAnchor = "QIF";
     return endClassification();
+}
+
+// Whether the head line shows QIF: a header does by itself. Without one, a "^" line or a
+// blank line must end a record, and the head line must be a cleared-status line or a "D" line
+// holding a QIF date, so that a column heading such as "Date,Description" stays free text.
+bool Controller::isQifHead(std::string_view line, bool recordEnds) const {
+    for (std::string_view header : {"!Type", "!TYPE", "!Option"})
+        if (startsWith(line, header))
+            return true;
+    if (!recordEnds)
+        return false;
+    if (startsWith(line, "C*") || isQifClearedLine(line))
+        return true;
+    std::int64_t month = 0, day = 0, year = 0;
+    return startsWith(line, "D") &&
+           parseQIFDate(line.substr(1), month, day, year,
+                        optionOn(ctx_.prefs, option::europeanDates), ctx_.config, ctx_.clock);
 }
 
 // The output so far decides the form's account type when it begins with a QIF header; an

@@ -113,6 +113,7 @@ private:
     Intake classifyLines();
     Intake classifyLineViews();
     Intake classifyQIF(std::size_t head);
+    bool isQifHead(std::string_view line, bool recordEnds) const;
     Intake extract();
     Intake endClassification();
     bool passesRunChecks();

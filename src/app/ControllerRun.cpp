@@ -20,6 +20,7 @@
 #include "recognize/CalendarDate.h"
 #include "recognize/FindDate.h"
 #include "recognize/InputFormatKeys.h"
+#include "recognize/StatementKind.h"
 
 #include <filesystem>
 
@@ -120,7 +121,7 @@ WalkOptions Controller::walkOptions() const {
     options.outputNumber = runOutputNumber_;
     options.markAsCleared = markAsCleared_;
     options.markAsUncleared = markAsUncleared_;
-    bool ofx = fileAsString.find("OFXHEADER") != std::string::npos;
+    bool ofx = looksLikeOfx(fileAsString);
     options.swapDescriptionAndMemo =
         ofx ? form_.qfxType == kQfxSwapIndex
             : !doingExtract && (qifInputTypeTag(form_.qifType) & kQifSwapDescriptionAndMemo);
@@ -211,7 +212,7 @@ bool Controller::readTransactions(Date from, Date to) {
             statusAlert(text::invalidFormatTitle, text::invalidFormat, source);
         return read;
     }
-    if (fileAsString.find("OFXHEADER") != std::string::npos) {
+    if (looksLikeOfx(fileAsString)) {
         if (ctx_.gType == kTypeInvestment) {
             statusAlert(text::invalidOfxTitle, text::invalidOfx, source);
             return false;

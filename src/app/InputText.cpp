@@ -1,44 +1,35 @@
 #include "app/InputText.h"
 
-#include "recognize/Utf8.h"
+#include "recognize/TextEncoding.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <cstring>
+#include <optional>
 #include <string_view>
 
 namespace tavvel {
 
 namespace {
 
-constexpr char32_t kReplacement = 0xFFFD;
-
-// The UTF-8 form of UTF-16 code units after the byte-order mark. A lone surrogate becomes
-// the replacement character; an odd last byte is dropped.
-std::string utf16ToUtf8(std::string_view units, bool bigEndian) {
-    auto unitAt = [&](std::size_t i) -> char16_t {
-        auto hi = static_cast<unsigned char>(units[bigEndian ? i : i + 1]);
-        auto lo = static_cast<unsigned char>(units[bigEndian ? i + 1 : i]);
-        return static_cast<char16_t>(hi << 8 | lo);
-    };
-    std::string out;
-    out.reserve(units.size() + units.size() / 2);
-    std::size_t count = units.size() / 2 * 2;
-    for (std::size_t i = 0; i < count; i += 2) {
-        char16_t unit = unitAt(i);
-        if (unit < 0xD800 || unit > 0xDFFF) {
-            appendUtf8(out, unit);
-            continue;
-        }
-        char16_t next = i + 2 < count ? unitAt(i + 2) : 0;
-        if (unit <= 0xDBFF && next >= 0xDC00 && next <= 0xDFFF) {
-            appendUtf8(out, 0x10000 + ((char32_t{unit} - 0xD800) << 10) + (next - 0xDC00));
-            i += 2;
-        } else {
-            appendUtf8(out, kReplacement);
-        }
+// The byte order of UTF-16 without a mark, told by where its NUL bytes stand: each character
+// of Western text has one NUL byte, on the same side of every pair; text in one byte has next
+// to none, and a run of NUL bytes has them on both sides.
+std::optional<bool> unmarkedUtf16BigEndian(std::string_view bytes) {
+    const std::size_t pairs = std::min<std::size_t>(bytes.size(), 4096) / 2;
+    std::size_t evenNul = 0, oddNul = 0;
+    for (std::size_t i = 0; i < pairs; ++i) {
+        evenNul += bytes[2 * i] == '\0';
+        oddNul += bytes[2 * i + 1] == '\0';
     }
-    return out;
+    const auto most = [pairs](std::size_t n) { return pairs >= 2 && n * 4 >= pairs * 3; };
+    const auto few = [pairs](std::size_t n) { return n * 16 <= pairs; };
+    if (most(oddNul) && few(evenNul))
+        return false;
+    if (most(evenNul) && few(oddNul))
+        return true;
+    return std::nullopt;
 }
 
 // Tabs, line ends, form feeds and the end-of-file mark are text; other control bytes are not.
@@ -77,6 +68,8 @@ void normaliseInputText(std::string& bytes) {
         bytes = utf16ToUtf8(view.substr(2), true);
     else if (view.starts_with("\xEF\xBB\xBF"))
         bytes.erase(0, 3);
+    else if (auto bigEndian = unmarkedUtf16BigEndian(view))
+        bytes = utf16ToUtf8(view, *bigEndian);
 }
 
 bool looksBinary(const std::string& bytes) {
@@ -92,6 +85,23 @@ bool looksBinary(const std::string& bytes) {
     controls += controlsIn(view.substr(at));
     // Real statements hold next to none; random bytes about one in ten.
     return controls > bytes.size() / 16;
+}
+
+bool decodeEightBitText(std::string& bytes) {
+    if (isValidUtf8(bytes))
+        return true;
+    const auto eightBit = std::count_if(
+        bytes.begin(), bytes.end(), [](char c) { return static_cast<unsigned char>(c) >= 0x80; });
+    // A Western statement has a few accented letters and signs among its digits and words.
+    if (static_cast<std::size_t>(eightBit) > bytes.size() / 2)
+        return false;
+    bytes = windows1252ToUtf8(bytes);
+    return true;
+}
+
+bool takeInStatementText(std::string& bytes) {
+    normaliseInputText(bytes);
+    return !looksBinary(bytes) && decodeEightBitText(bytes);
 }
 
 } // namespace tavvel

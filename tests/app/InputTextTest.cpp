@@ -52,6 +52,47 @@ TEST(InputText, Utf8MarkIsDroppedAndOtherBytesStay) {
     EXPECT_EQ(normalised(""), "");
 }
 
+TEST(InputText, Utf16WithoutAMarkIsToldByItsNulBytes) {
+    const std::string utf8 = "!Type:Bank\r\nPCAF\xC3\x89 \xE2\x82\xAC"
+                             "5\r\n";
+    const std::u16string text = u"!Type:Bank\r\nPCAF\u00C9 \u20AC5\r\n";
+    EXPECT_EQ(normalised(utf16(text, false).substr(2)), utf8);
+    EXPECT_EQ(normalised(utf16(text, true).substr(2)), utf8);
+    // NUL bytes on both sides of each pair, or too few, are not UTF-16.
+    EXPECT_EQ(normalised(std::string(8, '\0')), std::string(8, '\0'));
+    using namespace std::string_literals;
+    EXPECT_EQ(normalised("a\0bcdefgh"s), "a\0bcdefgh"s);
+    EXPECT_EQ(normalised("a\0"s), "a\0"s);
+}
+
+TEST(InputText, EightBitTextIsReadAsWindows1252) {
+    std::string bytes = "Caf\xE9 M\xFCller \x80 5,00 \x81";
+    EXPECT_TRUE(decodeEightBitText(bytes));
+    EXPECT_EQ(bytes, "Caf\xC3\xA9 M\xC3\xBCller \xE2\x82\xAC 5,00 \xEF\xBF\xBD");
+    std::string utf8 = "Caf\xC3\xA9";
+    EXPECT_TRUE(decodeEightBitText(utf8));
+    EXPECT_EQ(utf8, "Caf\xC3\xA9");
+    // More 8-bit bytes than others: no Western text, so no statement, and left alone.
+    std::string junk = "\xE9\xFC\x80\xA3"
+                       "ab\xF1";
+    EXPECT_FALSE(decodeEightBitText(junk));
+    EXPECT_EQ(junk, "\xE9\xFC\x80\xA3"
+                    "ab\xF1");
+}
+
+TEST(InputText, IntakeDecodesStatementsAndRefusesWhatIsNone) {
+    std::string latin1 = "D1/2/2024\nPM\xDCLLER\n^\n";
+    EXPECT_TRUE(takeInStatementText(latin1));
+    EXPECT_EQ(latin1, "D1/2/2024\nPM\xC3\x9CLLER\n^\n");
+    std::string marked = utf16(u"D1/2/2024", true);
+    EXPECT_TRUE(takeInStatementText(marked));
+    EXPECT_EQ(marked, "D1/2/2024");
+    std::string zeros(64, '\0'), controls = "\x01\x02\x03 abc", high = "\xC0\xFF\xFE\xFD\x90";
+    EXPECT_FALSE(takeInStatementText(zeros));
+    EXPECT_FALSE(takeInStatementText(controls));
+    EXPECT_FALSE(takeInStatementText(high));
+}
+
 TEST(InputText, BinaryIsWhatHoldsManyControlCharacters) {
     EXPECT_FALSE(looksBinary(""));
     EXPECT_FALSE(looksBinary("D1/2/2024\tT-5.00\r\n\f\v^\x1A"));

@@ -18,8 +18,8 @@ refused() {
     diff <(grep -v "$tmp" "$tmp/prefs-before") <(grep -v "$tmp" "$prefs") >&2 ||
         fail "$1 changed the store"
 }
-not_text() { echo "File \"$1\" does not contain text; it cannot be processed.  Tavvel reads bank \
-statements saved as OFX, QFX, QIF or text."; }
+not_text() { echo "File \"$1\" does not appear to be a statement: its bytes are not text, so it \
+cannot be processed.  Tavvel reads bank statements saved as OFX, QFX, QIF or text."; }
 
 : >"$tmp/empty.qif"
 refused empty.qif "No Transactions" "File \"empty.qif\" contains no QIF transactions to process."
@@ -40,6 +40,10 @@ fi
 
 head -c 4194304 /dev/urandom >"$tmp/random.bin"
 refused random.bin "Invalid Input" "$(not_text random.bin)"
+
+# Without control bytes, but 8-bit throughout: no encoding of a statement explains it.
+head -c 1048576 /dev/urandom | tr '\000-\177' '\200-\377' >"$tmp/high.csv"
+refused high.csv "Invalid Input" "$(not_text high.csv)"
 
 head -c 65536 /dev/zero >"$tmp/zeros.txt"
 refused zeros.txt "Invalid Input" "$(not_text zeros.txt)"

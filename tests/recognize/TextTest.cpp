@@ -1,4 +1,5 @@
 #include "recognize/FindLines.h"
+#include "recognize/TextEncoding.h"
 #include "recognize/TextRewrite.h"
 #include "recognize/TextSearch.h"
 
@@ -17,6 +18,18 @@ TEST(FindLines, ByTheLineEndsTheTextUses) {
     EXPECT_EQ(findLines("a\r\nb\nc\rd"), (Lines{"a", "b", "cd"}));
     EXPECT_EQ(findLines("a\r\nb\rc"), (Lines{"a", "b\rc"}));
     EXPECT_EQ(findLines(""), (Lines{""}));
+}
+
+// Sequences checked wherever they stand against the eight-byte steps over ASCII.
+TEST(TextEncoding, Utf8IsCheckedAcrossAsciiRuns) {
+    const std::string ascii = "0123456789abcdef";
+    for (std::size_t at = 0; at <= ascii.size(); ++at) {
+        const std::string head = ascii.substr(0, at), tail = ascii.substr(at);
+        EXPECT_TRUE(isValidUtf8(head + "\xC3\xA9\xE2\x82\xAC" + tail)) << at;
+        EXPECT_FALSE(isValidUtf8(head + "\xE9" + tail)) << at;
+        EXPECT_FALSE(isValidUtf8(head + "\xE2\x82")) << at;
+    }
+    EXPECT_EQ(windows1252ToUtf8("M\xFCller \x80\x9D"), "M\xC3\xBCller \xE2\x82\xAC\xEF\xBF\xBD");
 }
 
 TEST(MatchField, ValueBeforeOrAfterTheLabel) {

@@ -128,32 +128,31 @@ TEST_F(HostileInput, OneMegabyteLineWithoutADate) {
 }
 
 constexpr const char* kNotText =
-    "%s does not contain text; it cannot be processed.  Tavvel reads bank statements saved as "
-    "OFX, QFX, QIF or text.";
+    "%s does not appear to be a statement: its bytes are not text, so it cannot be processed.  "
+    "Tavvel reads bank statements saved as OFX, QFX, QIF or text.";
 
 std::string notText(const std::string& name) {
     std::string text = kNotText;
     return text.replace(text.find("%s"), 2, "File \"" + name + "\"");
 }
 
-// UTF-16 (low byte first) with no byte-order mark to say so.
-std::string withoutMark(std::u16string_view text) {
-    std::string bytes;
-    for (char16_t unit : text) {
-        bytes += static_cast<char>(unit & 0xFF);
-        bytes += static_cast<char>(unit >> 8);
-    }
+// Random bytes of the upper half: no control byte among them, and no text either.
+std::string highJunk(std::size_t size) {
+    std::string bytes = junk(size);
+    for (char& c : bytes)
+        c = static_cast<char>(c | 0x80);
     return bytes;
 }
 
 // Random bytes used to hold something that read as a date often enough to go on to the run
-// form; they, and a statement buried in NUL bytes, are no text.
+// form; they, 8-bit junk without control bytes and a statement buried in NUL bytes are no
+// statement.
 TEST_F(HostileInput, BytesThatAreNoTextAreRefusedAsSuch) {
     for (const auto& [name, bytes] :
          {std::pair<std::string, std::string>{"nul.txt", std::string(4096, '\0')},
           {"junk.bin", junk(1 << 20)},
           {"padded.qif", "!Type:Bank\nD1/2/2024\nT-5.00\n^\n" + std::string(64, '\0')},
-          {"no-mark.txt", withoutMark(u"D1/2/2024\r\nT-5.00\r\n")}}) {
+          {"high.csv", highJunk(1 << 16)}}) {
         SCOPED_TRACE(name);
         dialogs.messages.clear();
         Message m = refusal(write(name, bytes));

@@ -94,15 +94,39 @@ std::string toUtf16(const std::string& text, bool bigEndian) {
     return out;
 }
 
-// The input section's bytes as the flags after its name ask: crlf, then utf16le, utf16be or
-// utf8-mark, then nul-padded.
+// UTF-8 text (Latin-1 letters and the euro sign) as Windows-1252.
+std::string toCp1252(const std::string& text) {
+    std::string out;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        auto c = static_cast<unsigned char>(text[i]);
+        if (c < 0x80) {
+            out += text[i];
+        } else if (text.compare(i, 3, "\xE2\x82\xAC") == 0) {
+            out += '\x80';
+            i += 2;
+        } else {
+            out += static_cast<char>((c & 0x1F) << 6 | (text[i + 1] & 0x3F));
+            ++i;
+        }
+    }
+    return out;
+}
+
+// The input section's bytes as the flags after its name ask: crlf, then no-final-line-end,
+// then cp1252, utf16le or utf16be (with no-mark: without the byte-order mark) or utf8-mark,
+// then nul-padded.
 std::string inputBytes(const std::string& body, const std::string& flags) {
     auto has = [&](std::string_view flag) {
         return (" " + flags + " ").find(" " + std::string(flag) + " ") != std::string::npos;
     };
     std::string bytes = has("crlf") ? toCrlf(body) : body;
+    while (has("no-final-line-end") && !bytes.empty() &&
+           (bytes.back() == '\n' || bytes.back() == '\r'))
+        bytes.pop_back();
+    if (has("cp1252"))
+        bytes = toCp1252(bytes);
     if (has("utf16le") || has("utf16be"))
-        bytes = toUtf16(bytes, has("utf16be"));
+        bytes = toUtf16(bytes, has("utf16be")).substr(has("no-mark") ? 2 : 0);
     if (has("utf8-mark"))
         bytes = "\xEF\xBB\xBF" + bytes;
     if (has("nul-padded"))
