@@ -94,12 +94,14 @@ std::string toUtf16(const std::string& text, bool bigEndian) {
     return out;
 }
 
-// The input section's bytes as the flags after its name ask: crlf, then utf16le, utf16be or
-// utf8-mark, then nul-padded.
-std::string inputBytes(const std::string& body, const std::string& flags) {
+// The input section's bytes as the flags after its name ask: no-final-newline, crlf, then
+// utf16le, utf16be or utf8-mark, then nul-padded.
+std::string inputBytes(std::string body, const std::string& flags) {
     auto has = [&](std::string_view flag) {
         return (" " + flags + " ").find(" " + std::string(flag) + " ") != std::string::npos;
     };
+    if (has("no-final-newline") && !body.empty() && body.back() == '\n')
+        body.pop_back();
     std::string bytes = has("crlf") ? toCrlf(body) : body;
     if (has("utf16le") || has("utf16be"))
         bytes = toUtf16(bytes, has("utf16be"));
