@@ -3,6 +3,7 @@
 
 #include "TerminalLearn.h"
 
+#include "ShownText.h"
 #include "TerminalDialogs.h"
 
 #include <algorithm>
@@ -22,15 +23,17 @@ std::string trimmed(const std::string& text) {
     return text.substr(first, text.find_last_not_of(" \t\r") - first + 1);
 }
 
-// Cut to the width without splitting a UTF-8 character.
 std::string fitted(const std::string& cell, std::size_t width) {
-    std::string text = terminalText(cell);
-    if (text.size() <= width)
-        return text + std::string(width - text.size(), ' ');
-    std::size_t cut = width - 1;
-    while (cut > 0 && (static_cast<unsigned char>(text[cut]) & 0xC0) == 0x80)
-        --cut;
-    return text.substr(0, cut) + "~" + std::string(width - 1 - cut, ' ');
+    return fittedText(terminalText(cell), width);
+}
+
+// The widest cell of each column, in the characters shown.
+std::vector<std::size_t> shownWidths(const PreviewTable& table) {
+    std::vector<std::size_t> widths(table.columns, 0);
+    for (const auto& row : table.rows)
+        for (std::size_t c = 0; c < row.size() && c < widths.size(); ++c)
+            widths[c] = std::max(widths[c], shownWidth(terminalText(row[c])));
+    return widths;
 }
 
 } // namespace
@@ -101,9 +104,9 @@ std::optional<std::string> TerminalLearn::name() {
 
 void printPreview(std::ostream& out, const PreviewTable& table,
                   const std::vector<std::string>& titles) {
-    std::vector<std::size_t> widths = table.widths();
+    std::vector<std::size_t> widths = shownWidths(table);
     for (std::size_t c = 0; c < widths.size(); ++c) {
-        const std::size_t title = c < titles.size() ? terminalText(titles[c]).size() : 0;
+        const std::size_t title = c < titles.size() ? shownWidth(terminalText(titles[c])) : 0;
         widths[c] = std::clamp<std::size_t>(std::max(widths[c], title), 3, kCellWidth);
     }
     out << "      ";

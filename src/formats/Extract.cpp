@@ -1,6 +1,8 @@
 // Cutting a statement into transactions. A transaction runs from one date to the next, or is
 // one line when the format says so; the text before the first transaction is left out unless
-// the format says the text starts with one.
+// the format says the text starts with one. In a comma or semicolon layout a date that opens a
+// quoted field takes the field's opening quote into its transaction, so that the field reads as
+// quoted rather than as a date followed by a stray quote.
 
 #include "formats/Extract.h"
 
@@ -14,6 +16,11 @@
 #include <algorithm>
 
 namespace tavvel {
+
+bool transactionOpensAtQuote(const Dictionary& format) {
+    return textOf(format, fmtkey::DateStart) == "\"" &&
+           textOf(format, fmtkey::Fields).ends_with("SV");
+}
 
 std::string textAsRead(std::string_view text, const Dictionary& format) {
     if (textOf(format, fmtkey::DateStart) == "\n")
@@ -34,7 +41,9 @@ void Extract::splitTextIntoLines(std::string_view text, const Dictionary& format
         return;
     const bool fromStart = has(format, fmtkey::firstLineStartsWithTransactionDate);
     if (!has(format, fmtkey::OneTransactionPerLine)) {
-        cutAtDates(fromStart ? 0 : *first, format, tables);
+        const bool atQuote = transactionOpensAtQuote(format);
+        const bool quoteFirst = atQuote && *first > 0 && text_[*first - 1] == '"';
+        cutAtDates(fromStart ? 0 : *first - (quoteFirst ? 1 : 0), format, tables, atQuote);
         return;
     }
     if (fromStart) {
@@ -48,14 +57,17 @@ void Extract::splitTextIntoLines(std::string_view text, const Dictionary& format
 
 // Each search starts one date length after the current transaction's start, so the date that
 // opens it is never found again: its start character lies before the search. The character
-// before each later date (the format's DateStart) belongs to neither transaction.
-void Extract::cutAtDates(std::size_t begin, const Dictionary& format,
-                         const WordMonthDates& tables) {
+// before each later date (the format's DateStart) belongs to neither transaction, unless it is
+// the opening quote of the date's field: then it begins the date's transaction.
+void Extract::cutAtDates(std::size_t begin, const Dictionary& format, const WordMonthDates& tables,
+                         bool atQuote) {
     const std::string_view text = text_;
     std::size_t start = begin;
     std::int64_t length = 0;
     for (std::size_t previousFrom = std::string::npos;;) {
-        const auto skip = static_cast<std::size_t>(std::max<std::int64_t>(length, 0));
+        const bool opensAtQuote = atQuote && start < text.size() && text[start] == '"';
+        const auto skip =
+            static_cast<std::size_t>(std::max<std::int64_t>(length, 0)) + (opensAtQuote ? 1 : 0);
         const std::size_t from = std::min(start + std::min(skip, text.size()), text.size());
         if (from == previousFrom)
             break; // a date of no length at the same place: nothing further can be found
@@ -67,7 +79,7 @@ void Extract::cutAtDates(std::size_t begin, const Dictionary& format,
         const std::size_t date = from + *found;
         const std::size_t cut = date > start ? date - 1 : start;
         transactionsAsLines.push_back(text.substr(start, cut - start));
-        start = date;
+        start = atQuote && date > start + 1 && text[date - 1] == '"' ? date - 1 : date;
         dateLength = length;
     }
     transactionsAsLines.push_back(text.substr(start));

@@ -32,6 +32,10 @@ struct LayoutChoice {
     bool nonUScharacters = false;
 };
 
+// In a comma or semicolon layout whose dates follow a double quote, a transaction begins at the
+// opening quote of its date's field.
+bool transactionOpensAtQuote(const Dictionary& format);
+
 // The text a reading run cuts with this format: a format whose dates follow a line end reads
 // the text with one put in front, so that a date on the very first line opens a transaction too.
 std::string textAsRead(std::string_view text, const Dictionary& format);
@@ -83,7 +87,8 @@ public:
 
 private:
     enum class Read { handedOut, outOfRange };
-    void cutAtDates(std::size_t begin, const Dictionary& format, const WordMonthDates& tables);
+    void cutAtDates(std::size_t begin, const Dictionary& format, const WordMonthDates& tables,
+                    bool atQuote);
     void cutAtLineEnds(std::size_t begin);
     Read readTransaction(std::string_view transaction, extract::RunFormat& run, Date fromDate,
                          Date toDate);

@@ -27,6 +27,14 @@ FieldCutter::FieldCutter(const Dictionary& format, BlankCounts& blanks)
     separator_ = layout == "SSV" ? ';' : layout == "CSV" ? ',' : '\0';
 }
 
+std::string_view FieldCutter::withoutRecordEnd(std::string_view transaction) const {
+    if (!separated_)
+        return transaction;
+    while (!transaction.empty() && isLineEnd(transaction.back()))
+        transaction.remove_suffix(1);
+    return transaction;
+}
+
 Cut FieldCutter::cut(std::string& text, std::size_t pos, bool mayHoldLineEnds) const {
     Cut c;
     c.next = std::min(findField(text, pos, fieldLayout_, blanks_), text.size());

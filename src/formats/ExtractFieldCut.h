@@ -38,6 +38,10 @@ public:
     // The same for a caller that knows whether the text holds line ends at all.
     Cut cut(std::string& text, std::size_t pos, bool mayHoldLineEnds) const;
 
+    // The part of a transaction that is cut into fields: in a comma or semicolon layout the
+    // line ends after the last field end the record rather than belong to that field.
+    std::string_view withoutRecordEnd(std::string_view transaction) const;
+
     // "OFX": a date of eight characters and the rest, without cutting.
     bool ofxLike() const { return ofxLike_; }
     // The layout's name, for the message about a bad quoted field.

@@ -67,7 +67,7 @@ Dictionary Extract::previewRow(std::string_view transaction, const extract::RunF
         fields.emplace_back(transaction.substr(0, 8));
         fields.emplace_back(transaction.substr(std::min<std::size_t>(8, transaction.size())));
     } else if (!transaction.empty()) {
-        work_.assign(transaction);
+        work_.assign(run.cutter.withoutRecordEnd(transaction));
         for (std::size_t pos = 0; pos < work_.size();) {
             const extract::Cut cut = run.cutter.cut(work_, pos);
             fields.push_back(extract::fieldText(work_, cut));

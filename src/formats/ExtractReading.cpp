@@ -73,10 +73,11 @@ Extract::Read Extract::readTransaction(std::string_view transaction, extract::Ru
 
 // False when a field cannot be read: the error is then what is handed out.
 bool Extract::cutIntoFields(std::string_view transaction, const extract::RunFormat& run) {
-    work_.assign(transaction);
+    const std::string_view fields = run.cutter.withoutRecordEnd(transaction);
+    work_.assign(fields);
     // A transaction of one line, the usual kind, has no line ends to turn into blanks.
-    const bool lineEnds = transaction.find('\n') != std::string_view::npos ||
-                          transaction.find('\r') != std::string_view::npos;
+    const bool lineEnds =
+        fields.find('\n') != std::string_view::npos || fields.find('\r') != std::string_view::npos;
     std::size_t pos = 0;
     do {
         const extract::Cut cut = run.cutter.cut(work_, pos, lineEnds);

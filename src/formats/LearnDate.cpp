@@ -6,6 +6,7 @@
 #include "formats/ExtractKeys.h"
 #include "formats/LearnFormat.h"
 #include "formats/LearnTexts.h"
+#include "formats/QuotedSample.h"
 #include "recognize/FindDate.h"
 #include "recognize/InputFormatKeys.h"
 
@@ -15,6 +16,10 @@
 namespace tavvel {
 
 namespace {
+
+// The layout choices of a sample of quoted fields: comma-separated and semicolon-separated.
+constexpr int kCsvChoice = 5;
+constexpr int kSsvChoice = 7;
 
 struct Recognised {
     std::size_t at = 0;
@@ -60,7 +65,8 @@ void putText(Dictionary& format, std::string_view key, std::string value) {
 
 } // namespace
 
-int guessLayout(const std::vector<std::string_view>& transactions, std::int64_t& maxFieldCount) {
+int guessLayout(const std::vector<std::string_view>& transactions, std::int64_t& maxFieldCount,
+                bool dateAfterQuote) {
     std::size_t fewest = std::numeric_limits<std::size_t>::max(), most = 0;
     std::optional<std::size_t> nonEmptyPieces;
     bool sameNonEmpty = true, tabBeforeBlank = false;
@@ -85,6 +91,8 @@ int guessLayout(const std::vector<std::string_view>& transactions, std::int64_t&
         nonEmptyPieces = nonEmpty;
     }
     maxFieldCount = static_cast<std::int64_t>(most);
+    if (const std::optional<char> separator = quotedFieldSeparator(transactions, dateAfterQuote))
+        return *separator == ',' ? kCsvChoice : kSsvChoice;
     if (nonEmptyPieces && sameNonEmpty && *nonEmptyPieces >= 1 && fewest != most)
         return 2;
     return tabBeforeBlank ? 0 : 1;
@@ -119,7 +127,8 @@ void LearnFormat::ok1() {
     if (extract_.transactionsAsLines.empty())
         return refuse(text::notEnoughTransactionsTitle, text::notEnoughTransactions);
 
-    layoutForm_.layout.choice = guessLayout(extract_.transactionsAsLines, maxFieldCount_);
+    layoutForm_.layout.choice = guessLayout(extract_.transactionsAsLines, maxFieldCount_,
+                                            textOf(format, fmtkey::DateStart) == "\"");
     format_ = std::move(format);
     layoutForm_.refresh();
     layoutForm_.title = text::filledIn(text::learnTitle, type.title, formatName_);

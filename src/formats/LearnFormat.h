@@ -25,11 +25,14 @@ namespace tavvel {
 class Context;
 class Dialogs;
 
-// The layout that stage 1 preselects for the transactions the date cut out: 2 (a count of
-// fields) when every transaction has the same number of non-empty pieces between tabs and line
-// ends but not the same number of pieces, else 1 (columns), or 0 (initial blanks) when a tab is
-// followed by a blank. `maxFieldCount` gets the largest number of pieces.
-int guessLayout(const std::vector<std::string_view>& transactions, std::int64_t& maxFieldCount);
+// The layout that stage 1 preselects for the transactions the date cut out: 5 (CSV) or 7
+// (semicolons) when they are records of double-quoted fields separated by commas or semicolons
+// (`dateAfterQuote`: the dates open quoted fields, whose quotes the cut left out); else 2 (a
+// count of fields) when every transaction has the same number of non-empty pieces between tabs
+// and line ends but not the same number of pieces, else 1 (columns), or 0 (initial blanks) when
+// a tab is followed by a blank. `maxFieldCount` gets the largest number of pieces.
+int guessLayout(const std::vector<std::string_view>& transactions, std::int64_t& maxFieldCount,
+                bool dateAfterQuote = false);
 
 class LearnFormat {
 public:

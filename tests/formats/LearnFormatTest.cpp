@@ -216,6 +216,23 @@ TEST(LearnLayoutGuess, TabsColumnsAndCounts) {
     EXPECT_EQ(guessLayout({"\n", "\n\n"}, most), 1);
 }
 
+TEST(LearnLayoutGuess, RecordsOfQuotedFields) {
+    std::int64_t most = 0;
+    // The cut left each date's opening quote behind; a doubled quote, a separator and a line
+    // end inside a field, empty fields and CR LF between records.
+    const std::vector<std::string_view> csv{"01/05/2024\",\"A, \"\"B\"\"\",\"\",,\"-4.50\"\r\n",
+                                            "01/06/2024\",\"two\r\nlines\",\"x\",\"\",\"1.00\""};
+    EXPECT_EQ(guessLayout(csv, most, true), 5);
+    EXPECT_EQ(guessLayout({"\"01.05.2024\";\"A\";\"\"\n\"02.05.2024\";\"B\";\"3,00\""}, most), 7);
+    // Not quoted CSV: the quote is not taken as lost; an unquoted field; one field a record;
+    // separators mixed; a quote left open.
+    EXPECT_NE(guessLayout(csv, most, false), 5);
+    EXPECT_EQ(guessLayout({"\"01/05/2024\",A,\"1.00\""}, most), 1);
+    EXPECT_EQ(guessLayout({"\"01/05/2024\"\n\"01/06/2024\""}, most), 1);
+    EXPECT_EQ(guessLayout({"\"01/05/2024\",\"A\";\"1.00\""}, most), 1);
+    EXPECT_EQ(guessLayout({"\"01/05/2024\",\"A"}, most), 1);
+}
+
 TEST_F(LearnFormatTest, StageOnePreselectsTheGuessedLayoutAndShowsItsPreview) {
     const std::string tabs =
         "Statement\n05/02/2024\tCORNER\t-4.00\n05/03/2024\tSALARY\n\t100.00\n05/04/2024\tBOOK\t-1";
