@@ -33,9 +33,14 @@ void addRunOptions(CLI::App& app, RunOptions& run) {
     auto* from = app.add_option("--from", run.dateFrom, "First day of the range (inclusive)");
     auto* to =
         app.add_option("--to", run.dateTo, "Last day of the range (inclusive; default today)");
+    auto* since = app.add_flag_callback(
+        "--continue-from-last", [&run] { run.range = RunOptions::Range::sinceLastRun; },
+        "Continue from where I stopped last time: from the day after the last run's range "
+        "ended (today when it ended today, or had no end) to today");
     to->needs(from);
-    all->excludes(last, from, to);
-    last->excludes(from, to);
+    all->excludes(last, from, to, since);
+    last->excludes(from, to, since);
+    since->excludes(from, to);
     app.add_option("--output-format", run.outputFormat, "Output format by name (default QIF)");
     app.add_option("--input-format", run.inputFormat,
                    "Input format by name for a text statement (default: the stored format whose "

@@ -16,7 +16,7 @@ struct RunOptions {
     std::optional<std::string> output; // -o: a path, or "-" for standard output
     bool append = false;
     std::optional<std::string> account;
-    enum class Range { all, lastMonth, dates };
+    enum class Range { all, lastMonth, dates, sinceLastRun };
     std::optional<Range> range;
     std::optional<std::string> dateFrom, dateTo;
     std::optional<std::string> outputFormat;

@@ -51,10 +51,10 @@ void forgetPassingFile(TvPrefs& prefs, const TvPrefs& before, const fs::path& in
     if (!stored)
         return;
     Dictionary settings = stored->dictionary();
-    if (auto previous = outputFileOf(before))
-        settings.insert_or_assign(std::string(runkey::outputFilePath), *previous);
-    else if (auto it = settings.find(runkey::outputFilePath); it != settings.end())
-        settings.erase(it);
+    // "" rather than no entry: a record without the entry would be replaced whole at the next
+    // run, and the range the next run continues from would be lost with it.
+    settings.insert_or_assign(std::string(runkey::outputFilePath),
+                              outputFileOf(before).value_or(Value("")));
     prefs.setObject(prefkey::ControlSettings, Value(std::move(settings)));
 }
 

@@ -139,10 +139,21 @@ std::string datePatternOf(const OutputFormatting& output) {
     return output.datePrefix == "d/M" ? "day/month/year" : "month/day/year";
 }
 
-std::optional<RunProblem> setRange(RunForm& form, const RunOptions& run,
+std::optional<RunProblem> rangeProblem(const RunForm& form) {
+    if (form.dateRangeOK)
+        return std::nullopt;
+    return usage("the range " + form.dateFrom + " to " + form.dateTo + " ends before it starts");
+}
+
+std::optional<RunProblem> setRange(Controller& controller, const RunOptions& run,
                                    const OutputFormatting& output) {
     using Range = RunOptions::Range;
+    RunForm& form = controller.form();
     Range range = run.range.value_or(Range::all);
+    if (range == Range::sinceLastRun) {
+        controller.continueFromWhereIStoppedLastTime();
+        return rangeProblem(form);
+    }
     if (range != Range::dates) {
         form.chooseRange(range == Range::all ? 0 : 1);
         return std::nullopt;
@@ -154,10 +165,7 @@ std::optional<RunProblem> setRange(RunForm& form, const RunOptions& run,
     form.chooseRange(2);
     form.setDateFrom(*run.dateFrom);
     form.setDateTo(run.dateTo.value_or("")); // an empty range field is today
-    if (!form.dateRangeOK)
-        return usage("the range " + form.dateFrom + " to " + form.dateTo +
-                     " ends before it starts");
-    return std::nullopt;
+    return rangeProblem(form);
 }
 
 std::optional<RunProblem> setInputType(Controller& controller, const RunOptions& run) {
@@ -262,7 +270,7 @@ std::optional<RunProblem> fillRunForm(Controller& controller, const RunOptions& 
         return problem;
     if (auto problem = setOutputFormat(form, run))
         return problem;
-    if (auto problem = setRange(form, run, output))
+    if (auto problem = setRange(controller, run, output))
         return problem;
     if (auto problem = setInputType(controller, run))
         return problem;

@@ -66,6 +66,9 @@ void MainWindow::buildMenus() {
     QMenu* file = menuBar()->addMenu(tr("&File"));
     file->addAction(tr("&Open…"), QKeySequence::Open, this, &MainWindow::openWithDialog);
     file->addAction(tr("Process &Clipboard"), this, &MainWindow::processClipboard);
+    continueFromLast_ = file->addAction(tr("Continue from Where I Stopped &Last Time"), this,
+                                        &MainWindow::continueFromLastTime);
+    continueFromLast_->setObjectName(QStringLiteral("continueFromLast"));
     exportMenu_ = file->addMenu(tr("&Export Input Format"));
     exportMenu_->setObjectName(QStringLiteral("exportMenu"));
     connect(exportMenu_, &QMenu::aboutToShow, this, &MainWindow::fillExportMenu);
@@ -135,6 +138,11 @@ void MainWindow::applicationActivated() {
         clipboardTimer_.start();
 }
 
+void MainWindow::continueFromLastTime() {
+    controller_->continueFromWhereIStoppedLastTime();
+    showState();
+}
+
 void MainWindow::processNoticedClipboard() {
     afterIntake(controller_->processInput());
 }
@@ -158,6 +166,9 @@ void MainWindow::afterIntake(std::optional<Intake> intake) {
 void MainWindow::showState() {
     bool running = ctx_.processing;
     pages_->setCurrentWidget(running ? static_cast<QWidget*>(runForm_) : waiting_);
+    // Only a form whose range the user may change can continue from the last run.
+    if (continueFromLast_)
+        continueFromLast_->setEnabled(running && !controller_->form().resuming);
     if (running)
         runForm_->refresh();
 }

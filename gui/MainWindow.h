@@ -46,6 +46,8 @@ public:
 
     void openWithDialog();
     void processClipboard();
+    // The run form's range from the day after the last run's range ended to today.
+    void continueFromLastTime();
     void processTransactions();
     // The learn action: learns the input format named in the run form from the statement.
     void learnInputFormat();
@@ -67,6 +69,7 @@ private:
     QtDialogs& dialogs_;
     std::unique_ptr<Controller> controller_;
     QAction* learn_ = nullptr;
+    QAction* continueFromLast_ = nullptr;
     QMenu* exportMenu_ = nullptr;
     QStackedWidget* pages_ = nullptr;
     QLabel* waiting_ = nullptr;

@@ -116,6 +116,10 @@ inline constexpr std::string_view outputNotWrittenTitle = "Output File Not Writt
 inline constexpr std::string_view outputNotWritten =
     "%@ could not be written, so nothing was saved.  Check that its folder exists and that you "
     "may write to it, then process the transactions again.";
+// Our own: a folder, a device or a pipe is never replaced by the output.
+inline constexpr std::string_view outputNotAFile =
+    "\"%@\" is a folder, a device or a pipe, not a file, so the output cannot be written to it.  "
+    "Choose another output file, then process the transactions again.";
 
 // Continuation files.
 inline constexpr std::string_view continuationNotCreatedTitle = "Continuation File Not Created";

@@ -1,5 +1,7 @@
 #include "app/ContinuationRecord.h"
 
+#include "bank/QifInputTypes.h"
+
 #include <algorithm>
 
 namespace tavvel {
@@ -33,6 +35,11 @@ bool resumableContinuation(const Dictionary& record) {
     for (auto [key, type] : shape)
         if (!hasType(record, key, type))
             return false;
+    // An input type the program never offered would change amounts nobody asked to change.
+    const Value* tag = find(record, contkey::inputTypeTag);
+    constexpr std::int64_t known = kQifSwapDescriptionAndMemo | kQifReverseSigns;
+    if (tag && (!tag->get<std::int64_t>() || (*tag->get<std::int64_t>() & ~known)))
+        return false;
     const Array& transactions = find(record, contkey::qif)->array();
     if (!std::all_of(transactions.begin(), transactions.end(),
                      [](const Value& v) { return v.isDictionary(); }))

@@ -20,6 +20,9 @@ inline constexpr std::string_view sameNumberSwitch = "sameNumberSwitch";
 inline constexpr std::string_view outputDateString = "outputDateString";
 inline constexpr std::string_view outputNumberString = "outputNumberString";
 inline constexpr std::string_view account = "account";
+// The input type's choices the stopped run was read with (QifInputTypes.h bits); absent in
+// files of earlier versions, which read as none.
+inline constexpr std::string_view inputTypeTag = "inputTypeTag";
 } // namespace contkey
 
 // Whether the record can be resumed by the bank and credit-card walk.

@@ -12,6 +12,7 @@
 #include "app/Format.h"
 #include "app/ImportQuickenExport.h"
 #include "app/InputText.h"
+#include "app/RunSettings.h"
 #include "context/Context.h"
 #include "dialogs/Dialogs.h"
 #include "forms/RunFormTexts.h"
@@ -21,6 +22,7 @@
 #include "prefs/Files.h"
 #include "prefs/PropertyList.h"
 #include "prefs/Settings.h"
+#include "recognize/CalendarDate.h"
 #include "recognize/FindDate.h"
 #include "recognize/FindLines.h"
 #include "recognize/ParseDate.h"
@@ -117,7 +119,7 @@ Intake Controller::processClipboard(const std::optional<std::string>& text) {
         return Intake::refused;
     }
     doingClipboard = true;
-    fileAsString = *text;
+    fileAsString = clipboardAsGiven_ = *text;
     inputFrom = std::string(text::clipboard);
     source = std::string(text::sourceClipboard);
     continuationData.reset();
@@ -334,9 +336,24 @@ Intake Controller::classifyUndecided() {
     return endClassification();
 }
 
+// fillInTransactionPartOfDialog: the run settings record is made complete first, so the form
+// starts from a whole record.
+void Controller::fillInTransactionPart() {
+    completeRunSettings(ctx_.prefs, ctx_.clock.now());
+    form_.fillInTransactionPart();
+}
+
+void Controller::continueFromWhereIStoppedLastTime() {
+    Dictionary settings = completeRunSettings(ctx_.prefs, ctx_.clock.now());
+    std::string longPattern = ctx_.output.longDatePattern();
+    form_.chooseRange(kDateRange);
+    form_.setDateFrom(formatDate(continueFrom(settings, ctx_.clock.now()), longPattern));
+    form_.setDateTo(formatDate(ctx_.clock.now(), longPattern));
+}
+
 Intake Controller::endClassification() {
     ctx_.processing = true;
-    form_.fillInTransactionPart();
+    fillInTransactionPart();
     if (continuationData) {
         account = textOf(*continuationData, contkey::account);
         const Dictionary& c = *continuationData;

@@ -72,6 +72,10 @@ public:
     // started by itself (the suggested file name differs then).
     RunEnd processTheTransactions(bool mainWindowVisible = true);
 
+    // continueFromWhereIStoppedLastTime: — the range from the day after the last run's range
+    // ended (or today) to today.
+    void continueFromWhereIStoppedLastTime();
+
     // learn: — the input format box's action with the typed name: a name that is not a stored
     // input format is learned from the run's input text.
     LearnEnd learn(const std::string& name);
@@ -117,6 +121,8 @@ private:
     Intake extract();
     Intake endClassification();
     bool passesRunChecks();
+    void fillInTransactionPart();
+    int inputTypeTag() const;
     bool checkCategories();
     bool checkAccountsForAppend();
     int accountKindFor(int gType) const;
@@ -137,6 +143,8 @@ private:
     Instructions instructions_;
     bool markAsCleared_ = false, markAsUncleared_ = false;
     std::string runOutputDate_, runOutputNumber_;
+    // The clipboard's text as it was given, before intake trimmed or mended it.
+    std::string clipboardAsGiven_;
     // The input's lines while it is classified: views, since a text statement never needs
     // them as strings, and only a QIF file keeps them (in fileAsLines).
     std::vector<std::string_view> lines_;

@@ -3,6 +3,7 @@
 // the reader for the input; the walk; then the output file written and the closing message.
 
 #include "app/AppTexts.h"
+#include "app/ContinuationRecord.h"
 #include "app/Controller.h"
 #include "app/Format.h"
 #include "app/OutputFile.h"
@@ -15,6 +16,7 @@
 #include "formats/OutputFormatKeys.h"
 #include "knowledge/Accounts.h"
 #include "knowledge/Formats.h"
+#include "prefs/Files.h"
 #include "prefs/PropertyList.h"
 #include "prefs/Settings.h"
 #include "recognize/CalendarDate.h"
@@ -73,7 +75,7 @@ Intake Controller::extract() {
         !findDateDot(fileAsString, length) && !findDateLong(fileAsString, length, ctx_.config))
         return refuse(text::invalidInputTitle, text::textWithoutDate);
     ctx_.processing = true;
-    form_.fillInTransactionPart();
+    fillInTransactionPart();
     Formats formats(ctx_.prefs);
     std::optional<Dictionary> winner;
     std::size_t bestAt = 0, bestLength = 0;
@@ -121,11 +123,22 @@ WalkOptions Controller::walkOptions() const {
     options.outputNumber = runOutputNumber_;
     options.markAsCleared = markAsCleared_;
     options.markAsUncleared = markAsUncleared_;
-    bool ofx = looksLikeOfx(fileAsString);
-    options.swapDescriptionAndMemo =
-        ofx ? form_.qfxType == kQfxSwapIndex
-            : !doingExtract && (qifInputTypeTag(form_.qifType) & kQifSwapDescriptionAndMemo);
+    options.swapDescriptionAndMemo = inputTypeTag() & kQifSwapDescriptionAndMemo;
     return options;
+}
+
+// The input type's choices as one set of bits: each kind of input has its own choice (the QIF
+// type for QIF, the QFX type for OFX, none for text), and a resumed run keeps the stopped one's.
+int Controller::inputTypeTag() const {
+    if (continuationData) {
+        const Value* tag = find(*continuationData, contkey::inputTypeTag);
+        return tag ? static_cast<int>(tag->toInteger()) : 0;
+    }
+    if (form_.textInput)
+        return 0;
+    if (form_.ofxInput)
+        return form_.qfxType == kQfxSwapIndex ? kQifSwapDescriptionAndMemo : 0;
+    return qifInputTypeTag(form_.qifType);
 }
 
 RunEnd Controller::processTheTransactions(bool mainWindowVisible) {
@@ -143,6 +156,10 @@ RunEnd Controller::processTheTransactions(bool mainWindowVisible) {
     if (!path) {
         doneWithFile();
         return RunEnd::cancelled;
+    }
+    if (namesSomethingOtherThanAFile(*path)) {
+        statusAlert(text::outputNotWrittenTitle, text::outputNotAFile, *path);
+        return RunEnd::stopped;
     }
     outputFilePath = *path;
     return actuallyProcessTheTransactions();
@@ -196,7 +213,7 @@ void Controller::recordRunSettings(std::optional<Date> from, std::optional<Date>
 }
 
 bool Controller::readTransactions(Date from, Date to) {
-    reader_.qifInputTypeTag = doingExtract ? 0 : qifInputTypeTag(form_.qifType);
+    reader_.qifInputTypeTag = inputTypeTag();
     reader_.recordsOnDemand = true;
     if (doingExtract) {
         std::optional<Dictionary> format = Formats(ctx_.prefs).formatForName(form_.inputFormatName);
@@ -263,6 +280,7 @@ RunEnd Controller::actuallyProcessTheTransactions() {
 // stored record, whose output so far already holds the header and the accepted transactions.
 RunEnd Controller::resume() {
     writer_.account = account.value_or("");
+    reader_.qifInputTypeTag = inputTypeTag();
     WalkResult result = reader_.continueWith(*continuationData, outputFileAsString, writer_,
                                              warning_, dialogs_, instructions_, walkOptions());
     return processInstructionsDidEnd(result);
@@ -277,6 +295,7 @@ RunEnd Controller::saveContinuation(Dictionary record) {
     record.insert_or_assign("outputDateString", Value(form_.outputDate));
     record.insert_or_assign("outputNumberString", Value(form_.outputNumber));
     record.insert_or_assign("account", Value(account.value_or(form_.accountText)));
+    record.insert_or_assign(std::string(contkey::inputTypeTag), Value(inputTypeTag()));
     std::string start = ctx_.prefs.objectForKey(prefkey::LastRootDirectory)
                             ? ctx_.prefs.objectForKey(prefkey::LastRootDirectory)->text()
                             : std::string();
@@ -312,7 +331,7 @@ RunEnd Controller::processInstructionsDidEnd(const WalkResult& result) {
         lastMessage = std::string(text::noTransactionsOutput);
     } else {
         if (doingClipboard)
-            lastProcessedClipboard = fileAsString;
+            lastProcessedClipboard = clipboardAsGiven_;
         std::string name = std::filesystem::path(outputFilePath).filename().string();
         lastMessage = "\r\r" + std::to_string(result.appended) + " transaction" +
                       (result.appended == 1 ? "" : "s") + " output to file \"" + name + "\".";

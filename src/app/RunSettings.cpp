@@ -30,6 +30,14 @@ Dictionary completeRunSettings(TvPrefs& prefs, Date today) {
     return settings;
 }
 
+Date continueFrom(const Dictionary& settings, Date now) {
+    const Value* to = find(settings, runkey::dateTo);
+    Date last = to && to->isDate() && *to->get<Date>() < kDistantFuture ? *to->get<Date>() : now;
+    if (calendarDateOf(last) == calendarDateOf(now))
+        return startOfDay(now);
+    return addDays(last, 1);
+}
+
 std::optional<Date> readRangeField(std::string_view text, std::string_view longPattern,
                                    std::string_view shortPattern) {
     auto date = parseDateWithPattern(text, longPattern);

@@ -15,6 +15,10 @@ enum WhichTransactions : int { kAllTransactions = 0, kLastMonth = 1, kDateRange 
 // dateFrom, dateTo, outputDate, outputFilePath or outputFormat.
 Dictionary completeRunSettings(TvPrefs& prefs, Date today);
 
+// The first day of a run that continues where the last one stopped: the day after the last
+// run's range ended, or today when it ended today or had no end ("all transactions").
+Date continueFrom(const Dictionary& settings, Date now);
+
 struct DateRange {
     Date from;
     Date to;

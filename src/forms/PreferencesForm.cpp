@@ -132,7 +132,8 @@ constexpr Precision kPrecisions[] = {
 void PreferencesForm::display() {
     readOptions();
     readValues();
-    append(switchOn(Switch::append));
+    appendWhenShown_ = switchOn(Switch::append);
+    append(appendWhenShown_);
     categoriesRadioChanged(chosen(Choice::categories));
     menusEnabled_ = false;
 }
@@ -188,13 +189,16 @@ void PreferencesForm::choose(Choice which, int item) {
 }
 
 void PreferencesForm::append(bool on) {
-    if (!on) {
+    if (!on)
         switches_[index(Switch::showAllAccountNames)] = false;
-        return;
-    }
-    // The next run asks for an output file again.
+}
+
+// Switching append on means the next run asks for an output file again, since the last one
+// may begin without an account header; a change of anything else keeps it.
+void PreferencesForm::forgetOutputFileWhenAppendSwitchedOn() {
     const Value* stored = prefs_.objectForKey(prefkey::ControlSettings);
-    if (!stored || !has(stored->dictionary(), runkey::outputFilePath))
+    if (appendWhenShown_ || !switchOn(Switch::append) || !stored ||
+        !has(stored->dictionary(), runkey::outputFilePath))
         return;
     Dictionary settings = stored->dictionary();
     settings.erase(settings.find(runkey::outputFilePath));
@@ -235,6 +239,7 @@ void PreferencesForm::writeValues() {
 
 void PreferencesForm::ok() {
     writeValues();
+    forgetOutputFileWhenAppendSwitchedOn();
     // The whole list is replaced, so the accountsInCategories marker is dropped and the next
     // start merges the accounts into the categories again; that has always been so.
     prefs_.setObject(prefkey::Preferences, Value(buildOptionList()));

@@ -83,6 +83,7 @@ private:
     static std::size_t index(Switch s) { return static_cast<std::size_t>(s); }
     static std::size_t index(Choice c) { return static_cast<std::size_t>(c); }
     void append(bool on);
+    void forgetOutputFileWhenAppendSwitchedOn();
     void categoriesRadioChanged(int tag);
     void readOptions();
     void readValues();
@@ -96,6 +97,7 @@ private:
     std::string descriptionOutput_;
     std::string memoOutput_;
     bool menusEnabled_ = true;
+    bool appendWhenShown_ = false;
 };
 
 } // namespace tavvel

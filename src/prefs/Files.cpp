@@ -55,6 +55,22 @@ int createTemporaryBeside(const std::filesystem::path& path, std::string& temp) 
     return -1;
 }
 
+// The file a path names once symbolic links are followed, so that a link is written through and
+// stays a link; nothing for a chain of links that does not end.
+std::optional<std::filesystem::path> followLinks(std::filesystem::path path) {
+    for (int hops = 0; hops < 40; ++hops) {
+        std::error_code ec;
+        if (!std::filesystem::is_symlink(path, ec))
+            return path;
+        std::filesystem::path target = std::filesystem::read_symlink(path, ec);
+        if (ec)
+            return std::nullopt;
+        path = target.is_absolute() ? target : path.parent_path() / target;
+    }
+    errno = ELOOP;
+    return std::nullopt;
+}
+
 bool writeWithMode(const std::filesystem::path& path, std::string_view bytes,
                    std::optional<mode_t> mode, std::string* error) {
     std::string temp;
@@ -99,14 +115,26 @@ std::optional<std::string> readWholeFile(const std::filesystem::path& path, std:
     return bytes;
 }
 
+bool namesSomethingOtherThanAFile(const std::filesystem::path& path) {
+    struct stat existing {};
+    return ::stat(path.c_str(), &existing) == 0 && !S_ISREG(existing.st_mode);
+}
+
 bool writeFileAtomically(const std::filesystem::path& path, std::string_view bytes,
                          std::string* error) {
-    // A file replaced keeps its permissions: a private file stays private.
+    auto target = followLinks(path);
+    if (!target)
+        return fail(error, "cannot follow the links of " + path.string());
     struct stat existing {};
-    std::optional<mode_t> mode;
-    if (::stat(path.c_str(), &existing) == 0)
-        mode = existing.st_mode & 07777;
-    return writeWithMode(path, bytes, mode, error);
+    if (::stat(target->c_str(), &existing) != 0)
+        return writeWithMode(*target, bytes, std::nullopt, error);
+    // A rename would put a plain file where a folder, a device or a pipe was.
+    if (!S_ISREG(existing.st_mode)) {
+        errno = S_ISDIR(existing.st_mode) ? EISDIR : EINVAL;
+        return fail(error, "cannot write " + path.string() + ", which is not a regular file");
+    }
+    // A file replaced keeps its permissions: a private file stays private.
+    return writeWithMode(*target, bytes, existing.st_mode & 07777, error);
 }
 
 bool copyFileAtomically(const std::filesystem::path& from, const std::filesystem::path& to,

@@ -18,9 +18,14 @@ std::optional<std::string> readWholeFile(const std::filesystem::path& path,
 // over the target, so the target is always either the old file or the new one, never a
 // truncated mix. On failure the target is untouched, the temporary file is gone, and the
 // reason is put in *error when given. A file replaced keeps its permissions; a new file gets
-// the mode the umask leaves.
+// the mode the umask leaves. A symbolic link is written through: its target is replaced, the
+// link stays. A path naming a folder, a device or a pipe is refused and left alone.
 bool writeFileAtomically(const std::filesystem::path& path, std::string_view bytes,
                          std::string* error = nullptr);
+
+// Whether the path, links followed, names something that is there and is no regular file: a
+// folder, a device, a pipe or a socket, which a whole-file write must never replace.
+bool namesSomethingOtherThanAFile(const std::filesystem::path& path);
 
 // Copies a file the same way: the copy is whole or absent, with the original's permissions.
 bool copyFileAtomically(const std::filesystem::path& from, const std::filesystem::path& to,

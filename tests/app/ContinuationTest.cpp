@@ -158,6 +158,7 @@ TEST(Continuation, FilesThatCannotBeResumedAreRefused) {
         {"negative.tvcn", encodePropertyList(with("currentTransactionIndex", Value(-1))), damaged},
         {"counted.tvcn", encodePropertyList(with("numberOfTransactionsAppended", Value(1))),
          damaged},
+        {"type.tvcn", encodePropertyList(with("inputTypeTag", Value(2))), damaged},
         {"gone.tvcn", encodePropertyList(with("outputFormatText", Value("Deleted Layout"))),
          "was stopped with an output format that no longer exists, so it cannot be resumed.  "
          "Create the output format again under its old name, then open the file again."},

@@ -46,6 +46,19 @@ TEST(RunSettings, IncompleteRecordIsReplacedAndSaved) {
     EXPECT_EQ(completeRunSettings(t.ctx.prefs, t.ctx.clock.now()), settings); // complete: kept
 }
 
+// Continuing from the last run: the day after its range ended, by the calendar (the night the
+// clocks go back is 25 hours long), or today when it ended today or had no end.
+TEST(RunSettings, ContinueFromTheDayAfterTheLastRange) {
+    auto endedOn = [](Date to) { return Dictionary{{"dateTo", Value(to)}}; };
+    Date now = test::fixedClock(2024, 11, 20).now();
+    Date today = localMidnight(2024, 11, 20);
+    EXPECT_EQ(continueFrom(endedOn(localMidnight(2024, 11, 2)), now), localMidnight(2024, 11, 3));
+    EXPECT_EQ(continueFrom(endedOn(localMidnight(2024, 11, 19)), now), today);
+    EXPECT_EQ(continueFrom(endedOn(today), now), today);
+    EXPECT_EQ(continueFrom(endedOn(kDistantFuture), now), today);
+    EXPECT_EQ(continueFrom(Dictionary{{"dateTo", Value("11/1/2024")}}, now), today);
+}
+
 TEST(OutputFile, HeadersByAccountTypeAndRunKind) {
     EXPECT_EQ(qifHeader(true, kTypeBank, "Checking", "Bank"),
               "!Account\nNChecking\nTBank\n^\n!Type:Bank\n");

@@ -2,7 +2,8 @@
 # With the option append, QIF output opens with an account block for the chosen account, and
 # --append keeps the file's earlier text in front; without --append the file is replaced. The
 # account must be a known one of the statement's kind. The option runAutomatically runs with
-# the last run's settings, so run options are refused while it is on.
+# the last run's settings, so run options are refused while it is on. A settings change keeps
+# the last output file unless it switches append on.
 source "$(dirname "$0")/lib/setup.bash" "$1"
 first_start
 
@@ -30,6 +31,14 @@ run 0 --batch -o "$tmp/out.qif" --account Checking --append --from 2/1/2024 --to
 same "$tmp/out.qif" "$block$first$block$second"
 run 0 --batch -o "$tmp/out.qif" --account Checking --from 2/1/2024 --to 2/1/2024 "$tmp/bank.ofx"
 same "$tmp/out.qif" "$block$second"
+# Other settings changes keep the last output file, which --append alone continues; only
+# switching append on forgets it.
+run 0 --set removeLongNumber --set amountsPrecision=3 --set append
+run 0 --batch --account Checking --append --from 1/31/2024 --to 1/31/2024 "$tmp/bank.ofx"
+same "$tmp/out.qif" "$block$second$block$first"
+run 0 --unset append --set append
+run 2 --batch --account Checking --append "$tmp/bank.ofx"
+said "--append: QIF output is appended only to a file that begins with"
 run 0 --batch -o "$tmp/new.qif" --account Checking --append --all "$tmp/bank.ofx"
 same "$tmp/new.qif" "$block$first$second"
 

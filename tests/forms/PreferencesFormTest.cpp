@@ -112,9 +112,9 @@ TEST(PreferencesForm, DisplayReadsTheStoreAndOkDropsTheAccountsMarker) {
 
 TEST(PreferencesForm, DependentControlsFollowTheirMasters) {
     TvPrefs prefs;
-    prefs.setObject(
-        prefkey::ControlSettings,
-        Value(Dictionary{{"outputFilePath", Value("/tmp/out.qif")}, {"inputQIFType", Value(0)}}));
+    const Value lastRun(
+        Dictionary{{"outputFilePath", Value("/tmp/out.qif")}, {"inputQIFType", Value(0)}});
+    prefs.setObject(prefkey::ControlSettings, lastRun);
     OutputFormatting output;
     PreferencesForm form(prefs, output);
     form.display();
@@ -123,7 +123,19 @@ TEST(PreferencesForm, DependentControlsFollowTheirMasters) {
     EXPECT_TRUE(form.showAllAccountNamesHelpGreyed());
     form.setSwitch(Switch::append, true);
     EXPECT_TRUE(form.switchEnabled(Switch::showAllAccountNames));
+    form.cancel(); // changes nothing, the last output file included
+    EXPECT_EQ(*prefs.objectForKey(prefkey::ControlSettings), lastRun);
+    form.display();
+    form.setSwitch(Switch::append, true);
+    form.ok(); // switched on: the next run asks for an output file again
     EXPECT_FALSE(has(prefs.objectForKey(prefkey::ControlSettings)->dictionary(), "outputFilePath"));
+    prefs.setObject(prefkey::ControlSettings, lastRun);
+    form.display();
+    form.setSwitch(Switch::removeLongNumber, true);
+    form.ok(); // append stays on: the last output file stays
+    EXPECT_EQ(*prefs.objectForKey(prefkey::ControlSettings), lastRun);
+
+    form.display();
     form.setSwitch(Switch::showAllAccountNames, true);
     form.setSwitch(Switch::append, false);
     EXPECT_FALSE(form.switchOn(Switch::showAllAccountNames));

@@ -9,6 +9,8 @@
 #include "app/Controller.h"
 #include "knowledge/Categories.h"
 #include "knowledge/Formats.h"
+#include "prefs/Settings.h"
+#include "recognize/CalendarDate.h"
 #include "support/TestContext.h"
 
 #include <QAction>
@@ -117,6 +119,21 @@ private slots:
         QVERIFY(!from->isEnabled());
     }
 
+    void continueFromLastTimeSetsTheRange() {
+        auto* action = window->findChild<QAction*>(QStringLiteral("continueFromLast"));
+        QVERIFY(action && !action->isEnabled()); // no run form yet
+        window->openFile(sample());
+        Dictionary settings = t->ctx.prefs.objectForKey(prefkey::ControlSettings)->dictionary();
+        settings.insert_or_assign("dateTo", Value(localMidnight(2024, 5, 20)));
+        t->ctx.prefs.setObject(prefkey::ControlSettings, Value(settings));
+        QVERIFY(action->isEnabled());
+        action->trigger();
+        QVERIFY(child<QRadioButton>("range2")->isChecked());
+        QCOMPARE(child<QLineEdit>("dateFrom")->text(), QStringLiteral("5/21/2024"));
+        QCOMPARE(child<QLineEdit>("dateTo")->text(), QStringLiteral("6/1/2024"));
+        QVERIFY(child<QPushButton>("process")->isEnabled());
+    }
+
     void sameDateAndNumberReachTheForm() {
         window->openFile(sample());
         RunForm& form = window->controller().form();
@@ -194,7 +211,8 @@ private slots:
         QMenu* file = menu(QStringLiteral("&File"));
         QVERIFY(file);
         QCOMPARE(actionTexts(file),
-                 (QList<QString>{"&Open…", "Process &Clipboard", "&Export Input Format",
+                 (QList<QString>{"&Open…", "Process &Clipboard",
+                                 "Continue from Where I Stopped &Last Time", "&Export Input Format",
                                  "&Import Input Format…", "&Quit"}));
         QCOMPARE(actionTexts(menu(QStringLiteral("&Edit"))),
                  (QList<QString>{"&Accounts", "&Categories", "&Descriptions", "&Securities",

@@ -68,16 +68,50 @@ TEST(Files, ReplacingAFileKeepsItsPermissions) {
 
 TEST(Files, FailedWriteLeavesNoTemporaryFile) {
     test::TempFolder folder;
-    // A folder in the way: the rename over it fails after the bytes were written.
     fs::create_directories(folder.path() / "taken" / "inside");
     std::string error;
     EXPECT_FALSE(writeFileAtomically(folder.path() / "taken", "bytes", &error));
-    EXPECT_NE(error.find("cannot write"), std::string::npos) << error;
+    EXPECT_NE(error.find("which is not a regular file"), std::string::npos) << error;
     EXPECT_EQ(namesIn(folder.path()), std::vector<std::string>{"taken"});
 
     EXPECT_FALSE(writeFileAtomically(folder.path() / "absent" / "file", "bytes", &error));
     EXPECT_NE(error.find("cannot create a temporary file"), std::string::npos) << error;
     EXPECT_EQ(namesIn(folder.path()), std::vector<std::string>{"taken"});
+}
+
+// A link is written through to its target, which keeps its mode; what is not a regular file
+// (a pipe here, as a device would be) is refused and left as it was, directly or by a link.
+TEST(Files, LinksAreWrittenThroughAndOtherThingsAreRefused) {
+    test::TempFolder folder;
+    Umask mask(022);
+    fs::path real = folder.path() / "real.qif";
+    ASSERT_TRUE(writeFileAtomically(real, "old"));
+    ASSERT_EQ(0, ::chmod(real.c_str(), 0640));
+    fs::create_directory(folder.path() / "links");
+    fs::create_symlink("../real.qif", folder.path() / "links" / "out.qif");
+    ASSERT_TRUE(writeFileAtomically(folder.path() / "links" / "out.qif", "new"));
+    EXPECT_TRUE(fs::is_symlink(folder.path() / "links" / "out.qif"));
+    EXPECT_EQ(*readWholeFile(real), "new");
+    EXPECT_EQ(modeOf(real), 0640u);
+    EXPECT_EQ(namesIn(folder.path() / "links"), std::vector<std::string>{"out.qif"});
+    fs::create_symlink("made.qif", folder.path() / "dangling");
+    ASSERT_TRUE(writeFileAtomically(folder.path() / "dangling", "made"));
+    EXPECT_TRUE(fs::is_symlink(folder.path() / "dangling"));
+    EXPECT_EQ(*readWholeFile(folder.path() / "made.qif"), "made");
+
+    ASSERT_EQ(0, ::mkfifo((folder.path() / "pipe").c_str(), 0644));
+    fs::create_symlink("pipe", folder.path() / "to-pipe");
+    fs::create_symlink("loop", folder.path() / "loop");
+    for (const char* name : {"pipe", "to-pipe", "loop"}) {
+        EXPECT_FALSE(writeFileAtomically(folder.path() / name, "bytes")) << name;
+        EXPECT_EQ(namesSomethingOtherThanAFile(folder.path() / name), name[0] != 'l') << name;
+    }
+    EXPECT_TRUE(fs::is_fifo(folder.path() / "pipe"));
+    EXPECT_FALSE(namesSomethingOtherThanAFile(real));
+    EXPECT_FALSE(namesSomethingOtherThanAFile(folder.path() / "absent"));
+    EXPECT_EQ(namesIn(folder.path()),
+              (std::vector<std::string>{"dangling", "links", "loop", "made.qif", "pipe", "real.qif",
+                                        "to-pipe"}));
 }
 
 TEST(Files, CopyIsWholeWithTheOriginalsPermissions) {
