@@ -11,6 +11,7 @@
 #include "app/Format.h"
 #include "app/ImportQuickenExport.h"
 #include "app/InputText.h"
+#include "bank/OfxStatements.h"
 #include "context/Context.h"
 #include "knowledge/Accounts.h"
 #include "knowledge/Categories.h"
@@ -183,6 +184,9 @@ int Controller::accountKindFor(int gType) const {
 
 Intake Controller::classifyOFX() {
     doingExtract = doingClipboard = false;
+    // Statements of several accounts would go out as one list of transactions.
+    if (ofxAccounts(ofxStatements(fileAsString)).size() > 1)
+        return refuse(text::invalidInputTitle, text::multipleAccounts);
     account = ofxAccount(fileAsString);
     if (!passesRunChecks())
         return Intake::refused;

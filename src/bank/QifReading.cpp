@@ -1,13 +1,14 @@
 // QIF register reading. Stages: decide what ends a record (a "^" line, or empty lines when the
-// file has no "^" at all); walk the lines with the skip flag of out-of-range records; collect
-// fields and splits; keep each record that a "^" ends once it has a date.
+// file has no "^" at all) and the order of the dates (QifDates.h); walk the lines with the skip
+// flag of out-of-range records; collect fields and splits; keep each record that a "^" ends once it
+// has a date.
 
 #include "bank/BankingCreditCardQIF.h"
+#include "bank/QifDates.h"
 #include "bank/TransactionKeys.h"
 #include "context/Context.h"
 #include "prefs/Settings.h"
 #include "recognize/CalendarDate.h"
-#include "recognize/ParseDate.h"
 #include "recognize/TextRewrite.h"
 #include "recognize/TvDate.h"
 
@@ -73,7 +74,10 @@ std::size_t BankingCreditCardQIF::fromQIFLines(const std::vector<std::string>& l
                                                Date toDate) {
     startReading();
     bool caretEnds = std::find(lines.begin(), lines.end(), "^") != lines.end();
-    bool dayFirst = optionOn(ctx_.prefs, option::europeanDates);
+    bool dayFirst =
+        dayFirstDates.value_or(qifDateEvidence(lines, ctx_.config, ctx_.clock)
+                                   .shownDayFirst()
+                                   .value_or(optionOn(ctx_.prefs, option::europeanDates)));
     std::string pattern = ctx_.output.longDatePattern();
     Dictionary record;
     PendingSplit split;
@@ -88,10 +92,10 @@ std::size_t BankingCreditCardQIF::fromQIFLines(const std::vector<std::string>& l
         if (line.front() == ' ')
             continue;
         if (line.front() == 'D') {
-            std::int64_t month = 0, day = 0, year = 0;
-            if (!parseQIFDate(line.substr(1), month, day, year, dayFirst, ctx_.config, ctx_.clock))
+            auto day = readQifDate(line.substr(1), dayFirst, ctx_.config, ctx_.clock);
+            if (!day)
                 return i + 1;
-            Date date = TvDate().dateWithYear(year, month, day);
+            Date date = TvDate().dateWithYear(day->year, day->month, day->day);
             skipping = date < fromDate || date > toDate;
             if (!skipping)
                 record.insert_or_assign(std::string(txkey::date), Value(formatDate(date, pattern)));
