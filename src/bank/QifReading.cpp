@@ -82,6 +82,7 @@ std::size_t BankingCreditCardQIF::fromQIFLines(const std::vector<std::string>& l
     Dictionary record;
     PendingSplit split;
     bool skipping = false;
+    bool inAccount = false;
     for (std::size_t i = 0; i < lines.size(); ++i) {
         std::string_view line = lines[i];
         if (line.empty()) {
@@ -91,6 +92,12 @@ std::size_t BankingCreditCardQIF::fromQIFLines(const std::vector<std::string>& l
         }
         if (line.front() == ' ')
             continue;
+        // An account block within the register describes the account, and its D line is a
+        // description, not a date; it holds no transaction.
+        if (inAccount || line == "!Account") {
+            inAccount = line.front() != '^';
+            continue;
+        }
         if (line.front() == 'D') {
             auto day = readQifDate(line.substr(1), dayFirst, ctx_.config, ctx_.clock);
             if (!day)

@@ -75,6 +75,11 @@ TEST_F(QifReading, OutOfRangeRecordsCarryTheirEarlyFieldsOver) {
 TEST_F(QifReading, UnreadableDateGivesItsLineNumber) {
     EXPECT_EQ(read({"D1/2/2024", "T1", "^", "Dgarbage", "T2", "^"}), 4u);
     EXPECT_EQ(reader.qif.size(), 1u);
+    // An account block's D line is its description.
+    EXPECT_EQ(read({"!Account", "NSavings", "DMy savings", "TBank", "^", "D1/2/2024", "T2", "^"}),
+              0u);
+    ASSERT_EQ(reader.qif.size(), 1u);
+    EXPECT_EQ(textOf(reader.qif[0], "amount"), "2");
     EXPECT_EQ(read({}), 0u);
     EXPECT_TRUE(reader.qif.empty());
 }
