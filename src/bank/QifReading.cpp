@@ -68,6 +68,28 @@ void splitLine(std::string_view line, PendingSplit& split) {
     }
 }
 
+// A "^" keeps the record once it has a date, with its splits in place of its category.
+void endRecord(Dictionary& record, PendingSplit& split, std::vector<Dictionary>& qif) {
+    if (!has(record, txkey::date))
+        return;
+    if (split.list) {
+        record.insert_or_assign(std::string(txkey::splits), Value(std::move(*split.list)));
+        record.erase(std::string(txkey::category));
+    }
+    qif.push_back(std::move(record));
+    record = Dictionary{};
+    split = PendingSplit{};
+}
+
+// An account block within the register describes the account, and its D line is a
+// description, not a date; it holds no transaction.
+bool inAccountBlock(std::string_view line, bool& inAccount) {
+    if (!inAccount && line != "!Account")
+        return false;
+    inAccount = line.front() != '^';
+    return true;
+}
+
 } // namespace
 
 std::size_t BankingCreditCardQIF::fromQIFLines(const std::vector<std::string>& lines, Date fromDate,
@@ -92,12 +114,8 @@ std::size_t BankingCreditCardQIF::fromQIFLines(const std::vector<std::string>& l
         }
         if (line.front() == ' ')
             continue;
-        // An account block within the register describes the account, and its D line is a
-        // description, not a date; it holds no transaction.
-        if (inAccount || line == "!Account") {
-            inAccount = line.front() != '^';
+        if (inAccountBlock(line, inAccount))
             continue;
-        }
         if (line.front() == 'D') {
             auto day = readQifDate(line.substr(1), dayFirst, ctx_.config, ctx_.clock);
             if (!day)
@@ -120,15 +138,7 @@ std::size_t BankingCreditCardQIF::fromQIFLines(const std::vector<std::string>& l
             continue;
         }
         if (line.front() == '^') {
-            if (!has(record, txkey::date))
-                continue;
-            if (split.list) {
-                record.insert_or_assign(std::string(txkey::splits), Value(std::move(*split.list)));
-                record.erase(std::string(txkey::category));
-            }
-            qif.push_back(std::move(record));
-            record = Dictionary{};
-            split = PendingSplit{};
+            endRecord(record, split, qif);
             continue;
         }
         if (splitsOK && (line.front() == 'S' || line.front() == 'E' || line.front() == '$'))
