@@ -114,11 +114,14 @@ void pointFilePanels(TerminalDialogs& dialogs, const RunOptions& run,
         dialogs.setOutputPath(fs::absolute(*run.output).string());
 }
 
-void reportSkipped(const TerminalDialogs& dialogs, std::ostream& err) {
+void reportSkipped(const TerminalDialogs& dialogs, bool batch, std::ostream& err) {
     std::size_t skipped = dialogs.skippedErrors();
-    if (skipped > 0)
-        err << "tavvel-cli: " << skipped << " error record" << (skipped == 1 ? "" : "s")
-            << " skipped.\n";
+    if (skipped == 0)
+        return;
+    err << "tavvel-cli: " << skipped << " error record" << (skipped == 1 ? "" : "s") << " skipped";
+    if (batch && skipped > TerminalDialogs::kErrorsShownInBatch)
+        err << "; the first " << TerminalDialogs::kErrorsShownInBatch << " are shown above";
+    err << ".\n";
 }
 
 } // namespace
@@ -151,7 +154,7 @@ int runConversion(Context& ctx, TerminalDialogs& dialogs, const CliOptions& opti
     }
     int status =
         intake == Intake::ranAtOnce ? statusOfAutomaticRun(controller) : process(controller, err);
-    reportSkipped(dialogs, err);
+    reportSkipped(dialogs, options.batch, err);
     if (toStandardOutput) {
         forgetPassingFile(ctx.prefs, before, input);
         if (status == kExitOK && !toStandardOutput->copyTo(out))

@@ -60,6 +60,12 @@ ErrorWarningAnswer TerminalDialogs::errorWarning(const std::string& message,
                                                  const std::string& text,
                                                  const std::string& buttonTitle,
                                                  bool offerDontWarn) {
+    // A batch run over a badly damaged file would print every record; the first ones show
+    // what is wrong, and the count at the end says how many there were.
+    if (batch_ && skippedErrors_ >= kErrorsShownInBatch) {
+        ++skippedErrors_;
+        return {true, false};
+    }
     printMessage("Error", message + text);
     std::vector<std::string> choices{buttonTitle, "Cancel"};
     if (offerDontWarn)

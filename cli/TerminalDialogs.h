@@ -13,6 +13,9 @@ namespace tavvel {
 
 class TerminalDialogs : public Dialogs {
 public:
+    // Under --batch only the first error records are printed; the rest are counted.
+    static constexpr std::size_t kErrorsShownInBatch = 10;
+
     TerminalDialogs(std::istream& in, std::ostream& out, bool batch)
         : in_(in), out_(out), batch_(batch) {}
 

@@ -13,6 +13,7 @@
 #include "app/ImportQuickenExport.h"
 #include "app/InputText.h"
 #include "app/RunSettings.h"
+#include "bank/OfxStatements.h"
 #include "context/Context.h"
 #include "dialogs/Dialogs.h"
 #include "forms/RunFormTexts.h"
@@ -187,6 +188,9 @@ int Controller::accountKindFor(int gType) const {
 
 Intake Controller::classifyOFX() {
     doingExtract = doingClipboard = false;
+    // Statements of several accounts would go out as one list of transactions.
+    if (ofxAccounts(ofxStatements(fileAsString)).size() > 1)
+        return refuse(text::invalidInputTitle, text::multipleAccounts);
     account = ofxAccount(fileAsString);
     if (!passesRunChecks())
         return Intake::refused;

@@ -8,6 +8,7 @@
 #include "app/Format.h"
 #include "app/OutputFile.h"
 #include "app/RunSettings.h"
+#include "bank/QifDates.h"
 #include "bank/QifInputTypes.h"
 #include "context/Context.h"
 #include "dialogs/Dialogs.h"
@@ -237,6 +238,7 @@ bool Controller::readTransactions(Date from, Date to) {
         reader_.fromOFX(fileAsString, from, to);
         return true;
     }
+    reader_.dayFirstDates = chooseQifDateOrder(fileAsLines, ctx_, dialogs_, source);
     std::size_t bad = reader_.fromQIFLines(fileAsLines, from, to);
     if (bad == 0)
         return true;

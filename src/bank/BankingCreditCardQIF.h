@@ -20,6 +20,7 @@ struct BankOutput;
 class Context;
 class Dialogs;
 class ErrorWarning;
+enum class OfxNumbering;
 class Instructions;
 class OutputFormats;
 
@@ -45,7 +46,9 @@ public:
     explicit BankingCreditCardQIF(Context& ctx) : ctx_(ctx) {}
 
     // fromQIFLines:fromDate:toDate: — 0 on success, otherwise the 1-based number of the line
-    // whose date could not be read (records read before it stay in `qif`).
+    // whose date could not be read, or is no real day (records read before it stay in `qif`).
+    // The dates are read day first when dayFirstDates says so; unset, in the order the file
+    // shows, else as the option europeanDates says.
     std::size_t fromQIFLines(const std::vector<std::string>& lines, Date fromDate, Date toDate);
 
     // fromOFX:fromDate:toDate: — reads every <STMTTRN> piece; unreadable transactions become
@@ -58,9 +61,10 @@ public:
                            Date toDate, ErrorWarning& warning);
 
     // addField:ofxLabel:fromOFXTransaction:toQIFTransaction: — stores the tag's value under
-    // the key; false (record unchanged) when the tag is not in the piece.
+    // the key, its entities decoded (numeric ones as UTF-8 when `utf8`) or its CDATA as it
+    // stands; false (record unchanged) when the tag is not in the piece.
     static bool addField(std::string_view key, std::string_view ofxLabel,
-                         std::string_view transaction, Dictionary& record);
+                         std::string_view transaction, Dictionary& record, bool utf8 = false);
 
     // normalizeQIFAmountIn: — the amount made ready for output (configured characters
     // removed, European separators, parentheses and trailing minus turned into a leading
@@ -83,6 +87,9 @@ public:
     WalkResult continueWith(const Dictionary& data, std::string& output, OutputFormats& writer,
                             ErrorWarning& warning, Dialogs& dialogs, Instructions& instructions,
                             const WalkOptions& options);
+
+    // The order of a QIF file's dates, when the run decided it (chooseQifDateOrder).
+    std::optional<bool> dayFirstDates;
 
     // The tag of the QIF input-type choice of the run (see QifInputTypes.h).
     int qifInputTypeTag = 0;
@@ -150,8 +157,8 @@ private:
 
     void startReading();
     void finishReading();
-    std::optional<Dictionary> readOFXTransaction(std::string_view piece, std::string_view text,
-                                                 Date fromDate, Date toDate) const;
+    std::optional<Dictionary> readOFXTransaction(std::string_view piece, OfxNumbering numbering,
+                                                 bool utf8, Date fromDate, Date toDate) const;
 
     PendingRecords pending_;
     // Descriptions a walk without forms met, first occurrences in order, until it ends.

@@ -1,13 +1,14 @@
 // QIF register reading. Stages: decide what ends a record (a "^" line, or empty lines when the
-// file has no "^" at all); walk the lines with the skip flag of out-of-range records; collect
-// fields and splits; keep each record that a "^" ends once it has a date.
+// file has no "^" at all) and the order of the dates (QifDates.h); walk the lines with the skip
+// flag of out-of-range records; collect fields and splits; keep each record that a "^" ends once it
+// has a date.
 
 #include "bank/BankingCreditCardQIF.h"
+#include "bank/QifDates.h"
 #include "context/Context.h"
 #include "formats/TransactionKeys.h"
 #include "prefs/Settings.h"
 #include "recognize/CalendarDate.h"
-#include "recognize/ParseDate.h"
 #include "recognize/TextRewrite.h"
 #include "recognize/TvDate.h"
 
@@ -67,17 +68,43 @@ void splitLine(std::string_view line, PendingSplit& split) {
     }
 }
 
+// A "^" keeps the record once it has a date, with its splits in place of its category.
+void endRecord(Dictionary& record, PendingSplit& split, std::vector<Dictionary>& qif) {
+    if (!has(record, txkey::date))
+        return;
+    if (split.list) {
+        record.insert_or_assign(std::string(txkey::splits), Value(std::move(*split.list)));
+        record.erase(std::string(txkey::category));
+    }
+    qif.push_back(std::move(record));
+    record = Dictionary{};
+    split = PendingSplit{};
+}
+
+// An account block within the register describes the account, and its D line is a
+// description, not a date; it holds no transaction.
+bool inAccountBlock(std::string_view line, bool& inAccount) {
+    if (!inAccount && line != "!Account")
+        return false;
+    inAccount = line.front() != '^';
+    return true;
+}
+
 } // namespace
 
 std::size_t BankingCreditCardQIF::fromQIFLines(const std::vector<std::string>& lines, Date fromDate,
                                                Date toDate) {
     startReading();
     bool caretEnds = std::find(lines.begin(), lines.end(), "^") != lines.end();
-    bool dayFirst = optionOn(ctx_.prefs, option::europeanDates);
+    bool dayFirst =
+        dayFirstDates.value_or(qifDateEvidence(lines, ctx_.config, ctx_.clock)
+                                   .shownDayFirst()
+                                   .value_or(optionOn(ctx_.prefs, option::europeanDates)));
     std::string pattern = ctx_.output.longDatePattern();
     Dictionary record;
     PendingSplit split;
     bool skipping = false;
+    bool inAccount = false;
     for (std::size_t i = 0; i < lines.size(); ++i) {
         std::string_view line = lines[i];
         if (line.empty()) {
@@ -87,11 +114,13 @@ std::size_t BankingCreditCardQIF::fromQIFLines(const std::vector<std::string>& l
         }
         if (line.front() == ' ')
             continue;
+        if (inAccountBlock(line, inAccount))
+            continue;
         if (line.front() == 'D') {
-            std::int64_t month = 0, day = 0, year = 0;
-            if (!parseQIFDate(line.substr(1), month, day, year, dayFirst, ctx_.config, ctx_.clock))
+            auto day = readQifDate(line.substr(1), dayFirst, ctx_.config, ctx_.clock);
+            if (!day)
                 return i + 1;
-            Date date = TvDate().dateWithYear(year, month, day);
+            Date date = TvDate().dateWithYear(day->year, day->month, day->day);
             skipping = date < fromDate || date > toDate;
             if (!skipping)
                 record.insert_or_assign(std::string(txkey::date), Value(formatDate(date, pattern)));
@@ -109,15 +138,7 @@ std::size_t BankingCreditCardQIF::fromQIFLines(const std::vector<std::string>& l
             continue;
         }
         if (line.front() == '^') {
-            if (!has(record, txkey::date))
-                continue;
-            if (split.list) {
-                record.insert_or_assign(std::string(txkey::splits), Value(std::move(*split.list)));
-                record.erase(std::string(txkey::category));
-            }
-            qif.push_back(std::move(record));
-            record = Dictionary{};
-            split = PendingSplit{};
+            endRecord(record, split, qif);
             continue;
         }
         if (splitsOK && (line.front() == 'S' || line.front() == 'E' || line.front() == '$'))

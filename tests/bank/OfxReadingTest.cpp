@@ -1,5 +1,7 @@
 #include "bank/BankTexts.h"
 #include "bank/BankingCreditCardQIF.h"
+#include "bank/OfxStatements.h"
+#include "bank/OfxValues.h"
 #include "prefs/Settings.h"
 #include "recognize/CalendarDate.h"
 #include "support/TestContext.h"
@@ -105,6 +107,59 @@ TEST_F(OfxReading, AddFieldFindsEmptyValuesAndStopsAtLineEnds) {
     EXPECT_FALSE(BankingCreditCardQIF::addField("name", "<NAME>", "<name>lower", record));
     EXPECT_FALSE(has(record, "name"));
     EXPECT_TRUE(BankingCreditCardQIF::addField("memo", "<MEMO>", "<MEMO>", record));
+}
+
+TEST_F(OfxReading, EachStatementNumbersByItsOwnKind) {
+    // A card statement anywhere in the file once took the check numbers of the bank's.
+    std::string text = "<OFX><STMTRS><ACCTID>1001<STMTTRN><DTPOSTED>20240105<TRNAMT>-1"
+                       "<CHECKNUM>301</STMTTRN></STMTRS><CCSTMTRS><ACCTID> 4111 </ACCTID>"
+                       "<STMTTRN><DTPOSTED>20240106<TRNAMT>-2<CHECKNUM>9<REFNUM>R2</STMTTRN>"
+                       "<STMTTRN><DTPOSTED>20240107<TRNAMT>-3<CHECKNUM>10</STMTTRN></CCSTMTRS>"
+                       "<STMTRS><ACCTID>1001<STMTTRN><DTPOSTED>20240108<TRNAMT>-4";
+    reader.fromOFX(text, from, to);
+    ASSERT_EQ(reader.qif.size(), 4u);
+    EXPECT_EQ(textOf(reader.qif[0], "number"), "301");
+    EXPECT_EQ(textOf(reader.qif[1], "number"), "R2");
+    EXPECT_FALSE(has(reader.qif[2], "number"));
+    // The file stops inside its last transaction.
+    EXPECT_EQ(textOf(reader.qif[3], "errorMessage"), text::ofxCutOff);
+    EXPECT_EQ(ofxAccounts(ofxStatements(text)), (std::vector<std::string>{"1001", "4111"}));
+}
+
+TEST(OfxValues, AmountsReadAsNumbersWithEitherDecimalMark) {
+    const std::pair<std::string_view, std::optional<std::string>> cases[] = {
+        {"-200,00", "-200.00"},
+        {" 12.5  ", "12.5"},
+        {"+3", "+3"},
+        {"-1.234.567,89", "-1234567.89"},
+        {"1,234.56", "1234.56"},
+        {".75", ".75"},
+        {"$120", std::nullopt},
+        {"12 50", std::nullopt},
+        {"1.2.3", std::nullopt},
+        {"12,34.5", std::nullopt},
+        {"-", std::nullopt},
+        {"", std::nullopt},
+        {"1e5", std::nullopt},
+        {"--5", std::nullopt},
+        {"1.234.5.67", std::nullopt}};
+    for (const auto& [value, read] : cases)
+        EXPECT_EQ(ofxAmount(value), read) << value;
+}
+
+TEST(OfxValues, EntitiesByTheStatementsEncoding) {
+    EXPECT_EQ(ofxText("A&amp;B &lt;&gt;&quot;&apos; &#65;&#x42;", false), "A&B <>\"' AB");
+    EXPECT_EQ(ofxText("Caf&#233;", true), "Caf\xC3\xA9");
+    EXPECT_EQ(ofxText("Caf&#233;", false), "Caf\xE9");
+    EXPECT_EQ(ofxText("&#8364; & &x; &#0; &amp", false), "&#8364; & &x; &#0; &amp");
+    EXPECT_TRUE(ofxDeclaresUtf8("OFXHEADER:100\r\nENCODING:UTF-8\r\n"));
+    EXPECT_TRUE(ofxDeclaresUtf8("<?xml version=\"1.0\"?><OFX>"));
+    EXPECT_FALSE(ofxDeclaresUtf8("<?xml version=\"1.0\" encoding=\"windows-1252\"?>"));
+    EXPECT_FALSE(ofxDeclaresUtf8("OFXHEADER:100\r\nENCODING:USASCII\r\nCHARSET:1252"));
+    Dictionary record;
+    EXPECT_TRUE(
+        BankingCreditCardQIF::addField("name", "<NAME>", "<NAME> <![CDATA[a<b&amp;]]>", record));
+    EXPECT_EQ(textOf(record, "name"), "a<b&amp;");
 }
 
 } // namespace

@@ -1,4 +1,5 @@
 #include "bank/BankingCreditCardQIF.h"
+#include "bank/QifDates.h"
 #include "prefs/Settings.h"
 #include "recognize/CalendarDate.h"
 #include "support/TestContext.h"
@@ -74,6 +75,11 @@ TEST_F(QifReading, OutOfRangeRecordsCarryTheirEarlyFieldsOver) {
 TEST_F(QifReading, UnreadableDateGivesItsLineNumber) {
     EXPECT_EQ(read({"D1/2/2024", "T1", "^", "Dgarbage", "T2", "^"}), 4u);
     EXPECT_EQ(reader.qif.size(), 1u);
+    // An account block's D line is its description.
+    EXPECT_EQ(read({"!Account", "NSavings", "DMy savings", "TBank", "^", "D1/2/2024", "T2", "^"}),
+              0u);
+    ASSERT_EQ(reader.qif.size(), 1u);
+    EXPECT_EQ(textOf(reader.qif[0], "amount"), "2");
     EXPECT_EQ(read({}), 0u);
     EXPECT_TRUE(reader.qif.empty());
 }
@@ -82,6 +88,38 @@ TEST_F(QifReading, DayFirstDatesWhenSet) {
     addOption(t.ctx.prefs, option::europeanDates);
     read({"D3/4/2024", "T1", "^"});
     EXPECT_EQ(textOf(reader.qif[0], "date"), "4/3/2024");
+}
+
+TEST_F(QifReading, DatesInTheOrderTheFileShowsAndNeverRolledOver) {
+    // The setting gives way to a file that shows its order, in either direction.
+    addOption(t.ctx.prefs, option::europeanDates);
+    EXPECT_EQ(read({"D3/4/2024", "T1", "^", "D12/31/2024", "T2", "^"}), 0u);
+    EXPECT_EQ(textOf(reader.qif[0], "date"), "3/4/2024");
+    reader.dayFirstDates = true; // the run's decision stands over the file's evidence
+    EXPECT_EQ(read({"D3/4/2024", "T1", "^", "D12/31/2024", "T2", "^"}), 4u);
+    reader.dayFirstDates = false;
+    EXPECT_EQ(read({"D2/30/2024", "T1", "^"}), 1u);
+    EXPECT_EQ(read({"D0/1/2024", "T1", "^"}), 1u);
+    // Year first stays year, month, day in a day-first file; a month word gives its month.
+    reader.dayFirstDates = true;
+    EXPECT_EQ(read({"D2024-01-31", "T1", "^", "DMarch 5, 2024", "T2", "^", "D31/1/24", "T3", "^"}),
+              0u);
+    EXPECT_EQ(textOf(reader.qif[0], "date"), "1/31/2024");
+    EXPECT_EQ(textOf(reader.qif[1], "date"), "3/5/2024");
+    EXPECT_EQ(textOf(reader.qif[2], "date"), "1/31/2024");
+}
+
+TEST(QifDates, EvidenceOfTheDLines) {
+    auto evidence = [](std::vector<std::string> lines) {
+        test::TestContext t;
+        QifDateEvidence e = qifDateEvidence(lines, t.ctx.config, t.ctx.clock);
+        return std::tuple{e.dayFirst, e.monthFirst, e.eitherWay};
+    };
+    EXPECT_EQ(evidence({"D01/01/10", "PX", "D29/12/10"}), std::tuple(true, false, false));
+    EXPECT_EQ(evidence({"D12/31/2024", "D1/2'24"}), std::tuple(false, true, true));
+    EXPECT_EQ(evidence({"D2024-12-31", "D7/7/24", "DJune 13, 2024", "T13/1"}),
+              std::tuple(false, false, false));
+    EXPECT_EQ(evidence({"D13/1/24", "D1/13/24"}), std::tuple(true, true, false));
 }
 
 } // namespace

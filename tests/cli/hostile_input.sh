@@ -62,8 +62,8 @@ printf "$ofx<BANKMSGSRSV1><STMTTRNRS><STMTRS><BANKACCTFROM><ACCTID>12345</ACCTID
 <BANKTRANLIST><STMTTRN><TRNTYPE>DEBIT<DTPOS" >"$tmp/cut-inside.ofx"
 printf 'keep me\n' >"$tmp/kept.qif"
 run 0 --batch -o "$tmp/kept.qif" "$tmp/cut-inside.ofx"
-said "== Error ==" "The following OFX transaction does not contain a date; it cannot be processed: \
-<TRNTYPE>DEBIT<DTPOS" "No transactions output." "tavvel-cli: 1 error record skipped."
+said "== Error ==" "The following OFX transaction is cut off where the file ends; it cannot be \
+processed: <TRNTYPE>DEBIT<DTPOS" "No transactions output." "tavvel-cli: 1 error record skipped."
 same "$tmp/kept.qif" $'keep me\n'
 
 # Continuation files: garbage, a property list of the wrong shape, and a record that stops at a

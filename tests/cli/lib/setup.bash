@@ -6,6 +6,10 @@ tmp=$(mktemp -d)
 trap 'rm -rf "$tmp"' EXIT
 export XDG_CONFIG_HOME=$tmp/config HOME=$tmp/home
 mkdir -p "$HOME"
+# A system that writes dates month first, whatever the machine's: a QIF file whose dates read
+# either way is asked about only on a day-first system.
+unset LC_ALL
+export LC_TIME=C
 prefs=$XDG_CONFIG_HOME/Tavvel/TavvelMain.prefs
 fail() { echo "FAIL: $*" >&2; exit 1; }
 
