@@ -8,21 +8,15 @@
 #include "DateOption.h"
 #include "app/Controller.h"
 #include "bank/QifInputTypes.h"
+#include "recognize/CaseFold.h"
 #include "prefs/OutputFormatting.h"
 
 #include <algorithm>
-#include <cctype>
 #include <filesystem>
 
 namespace tavvel {
 
 namespace {
-
-bool sameIgnoringCase(std::string_view a, std::string_view b) {
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](unsigned char x, unsigned char y) {
-        return std::tolower(x) == std::tolower(y);
-    });
-}
 
 template <typename Names> std::string joined(const Names& names) {
     std::string out;
@@ -44,7 +38,7 @@ std::vector<std::string_view> qifTypeNames() {
 
 std::optional<int> indexIn(const std::vector<std::string_view>& names, std::string_view name) {
     for (std::size_t i = 0; i < names.size(); ++i)
-        if (sameIgnoringCase(names[i], name))
+        if (equalIgnoringCase(names[i], name))
             return static_cast<int>(i);
     return std::nullopt;
 }
@@ -116,7 +110,7 @@ std::optional<RunProblem> setInputFormat(Controller& controller, const RunOption
         return usage("--input-format applies to text statements only");
     std::vector<std::string> choices = controller.form().inputFormatChoices();
     bool known = std::any_of(choices.begin(), choices.end(), [&](const std::string& name) {
-        return sameIgnoringCase(name, *run.inputFormat);
+        return equalIgnoringCase(name, *run.inputFormat);
     });
     if (!known)
         return usage("--input-format: there is no input format called \"" + *run.inputFormat +

@@ -2,9 +2,11 @@
 
 #include "QtDialogs.h"
 #include "Text.h"
+#include "forms/EditFormats.h"
 #include "forms/ListEditors.h"
-#include "knowledge/EditFormats.h"
+#include "knowledge/KnowledgeTexts.h"
 
+#include <QComboBox>
 #include <QDialogButtonBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -62,11 +64,25 @@ QPushButton* button(const QString& title, QWidget* parent) {
     return pushed;
 }
 
+std::string_view keyOf(const TableEditor& table, int column) {
+    const auto& columns = table.columns();
+    return columns.empty() ? std::string_view() : std::string_view(columns[column]);
+}
+
+QStringList headings(const TableEditor& table, const QString& title) {
+    if (table.columns().empty())
+        return {title};
+    QStringList shown;
+    for (const std::string& column : table.columns())
+        shown << qt(table.headingOf(column));
+    return shown;
+}
+
 } // namespace
 
 void ListEditorDialog::edit(List list, TvPrefs& prefs, QtDialogs& dialogs, QWidget* parent) {
     if (list == List::inputFormats) {
-        FormatListDialog formats(prefs, parent);
+        FormatListDialog formats(prefs, dialogs, parent);
         dialogs.runModal(formats);
         return;
     }
@@ -81,9 +97,9 @@ ListEditorDialog::ListEditorDialog(TableEditor& table, const QString& title, QWi
     setWindowTitle(title);
     message_->setObjectName(QStringLiteral("message"));
     message_->setWordWrap(true);
-    const auto& columns = table.columns();
-    view_->setColumnCount(columns.empty() ? 1 : static_cast<int>(columns.size()));
-    view_->setHorizontalHeaderLabels(columns.empty() ? QStringList{title} : qtList(columns));
+    QStringList shownHeadings = headings(table, title);
+    view_->setColumnCount(static_cast<int>(shownHeadings.size()));
+    view_->setHorizontalHeaderLabels(shownHeadings);
     view_->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     view_->setSelectionBehavior(QAbstractItemView::SelectRows);
     connect(view_, &QTableWidget::cellChanged, this, &ListEditorDialog::cellEdited);
@@ -104,6 +120,10 @@ ListEditorDialog::ListEditorDialog(TableEditor& table, const QString& title, QWi
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    if (table.onlyRemoval()) {
+        add->hide();
+        view_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    }
     auto* row = new QHBoxLayout;
     row->addWidget(add);
     row->addWidget(remove);
@@ -119,45 +139,63 @@ ListEditorDialog::ListEditorDialog(TableEditor& table, const QString& title, QWi
 
 void ListEditorDialog::refresh() {
     filling_ = true;
-    const auto& columns = table_.columns();
     view_->setRowCount(static_cast<int>(table_.numberOfRows()));
-    for (std::size_t row = 0; row < table_.numberOfRows(); ++row)
-        for (int column = 0; column < view_->columnCount(); ++column) {
-            std::string_view key = columns.empty() ? std::string_view() : columns[column];
-            view_->setItem(static_cast<int>(row), column,
-                           new QTableWidgetItem(shown(table_.cell(row, key))));
-        }
+    for (int row = 0; row < view_->rowCount(); ++row)
+        for (int column = 0; column < view_->columnCount(); ++column)
+            showCell(row, column);
     message_->setText(qt(table_.message()));
     filling_ = false;
+}
+
+// A choice is shown as a chooser of its titles over an item that cannot be edited as text.
+void ListEditorDialog::showCell(int row, int column) {
+    std::string_view key = keyOf(table_, column);
+    Value value = table_.cell(static_cast<std::size_t>(row), key);
+    const std::vector<std::string>& choices = table_.choicesOf(key);
+    if (choices.empty()) {
+        view_->setItem(row, column, new QTableWidgetItem(shown(value)));
+        return;
+    }
+    auto* item = new QTableWidgetItem;
+    item->setFlags(item->flags() & ~Qt::ItemIsEditable);
+    view_->setItem(row, column, item);
+    auto* chooser = new QComboBox;
+    chooser->addItems(qtList(choices));
+    chooser->setCurrentIndex(value.isInteger() ? static_cast<int>(value.toInteger()) : -1);
+    connect(chooser, &QComboBox::activated, this,
+            [this, row, column](int choice) { chosen(row, column, choice); });
+    view_->setCellWidget(row, column, chooser);
+}
+
+void ListEditorDialog::chosen(int row, int column, int choice) {
+    table_.setCell(static_cast<std::size_t>(row), keyOf(table_, column),
+                   Value(static_cast<std::int64_t>(choice)));
+    message_->setText(qt(table_.message()));
 }
 
 void ListEditorDialog::cellEdited(int row, int column) {
     if (filling_)
         return;
-    const auto& columns = table_.columns();
-    std::string_view key = columns.empty() ? std::string_view() : columns[column];
+    std::string_view key = keyOf(table_, column);
     auto at = static_cast<std::size_t>(row);
     table_.setCell(at, key, edited(table_.cell(at, key), view_->item(row, column)->text()));
     // Shown again after Qt has finished with the edited item.
     QMetaObject::invokeMethod(this, &ListEditorDialog::refresh, Qt::QueuedConnection);
 }
 
-FormatListDialog::FormatListDialog(TvPrefs& prefs, QWidget* parent)
-    : QDialog(parent), prefs_(prefs), view_(new QTableWidget(0, 2, this)) {
+FormatListDialog::FormatListDialog(TvPrefs& prefs, QtDialogs& dialogs, QWidget* parent)
+    : QDialog(parent), prefs_(prefs), dialogs_(dialogs), view_(new QTableWidget(0, 3, this)) {
     setWindowTitle(titleOf(ListEditorDialog::List::inputFormats));
-    view_->setHorizontalHeaderLabels({tr("Name"), tr("Warn")});
+    view_->setHorizontalHeaderLabels({tr("Name"), tr("Match"), qt(text::warnColumn)});
     view_->horizontalHeader()->setSectionResizeMode(0, QHeaderView::Stretch);
+    view_->horizontalHeader()->setSectionResizeMode(1, QHeaderView::Stretch);
     view_->setSelectionBehavior(QAbstractItemView::SelectRows);
     view_->setSelectionMode(QAbstractItemView::SingleSelection);
-    view_->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    connect(view_, &QTableWidget::itemChanged, this, [this](QTableWidgetItem* item) {
-        if (filling_ || item->column() != 1)
-            return;
-        EditFormats(prefs_).setWarns(static_cast<std::size_t>(item->row()),
-                                     item->checkState() == Qt::Checked);
-    });
+    connect(view_, &QTableWidget::cellChanged, this, &FormatListDialog::itemEdited);
     QPushButton* duplicate = button(tr("Duplicate"), this);
     QPushButton* remove = button(tr("Delete"), this);
+    QPushButton* types = button(tr("Delete Types..."), this);
+    QPushButton* securities = button(tr("Delete Securities..."), this);
     connect(duplicate, &QPushButton::clicked, this, [this] {
         int row = view_->currentRow();
         auto selected = row < 0 ? std::nullopt : std::optional(static_cast<std::size_t>(row));
@@ -171,18 +209,45 @@ FormatListDialog::FormatListDialog(TvPrefs& prefs, QWidget* parent)
             EditFormats(prefs_).formats().deleteFormatAtIndex(static_cast<std::size_t>(row));
         refresh();
     });
+    connect(types, &QPushButton::clicked, this, [this] { trimMappings(true); });
+    connect(securities, &QPushButton::clicked, this, [this] { trimMappings(false); });
     auto* close = new QDialogButtonBox(QDialogButtonBox::Close, this);
     connect(close, &QDialogButtonBox::rejected, this, &QDialog::accept);
     auto* row = new QHBoxLayout;
-    row->addWidget(duplicate);
-    row->addWidget(remove);
+    for (QPushButton* pushed : {duplicate, remove, types, securities})
+        row->addWidget(pushed);
     row->addStretch(1);
     row->addWidget(close);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(view_);
     layout->addLayout(row);
-    resize(520, 420);
+    resize(640, 420);
     refresh();
+}
+
+void FormatListDialog::itemEdited(int row, int column) {
+    if (filling_)
+        return;
+    auto at = static_cast<std::size_t>(row);
+    QTableWidgetItem* item = view_->item(row, column);
+    if (column == 1)
+        EditFormats(prefs_).setMatch(at, core(item->text()));
+    else if (column == 2)
+        EditFormats(prefs_).setWarns(at, item->checkState() == Qt::Checked);
+}
+
+// The selected format's type or security mappings, of which the user may only remove entries.
+void FormatListDialog::trimMappings(bool types) {
+    int row = view_->currentRow();
+    if (row < 0)
+        return;
+    auto at = static_cast<std::size_t>(row);
+    auto which = types ? EditFormats::Mappings::Types : EditFormats::Mappings::Securities;
+    EditFormats editor(prefs_);
+    TableEditor table = editor.mappingsTable(at, which);
+    ListEditorDialog dialog(table, qt(editor.mappingsTitle(at, which)), this);
+    if (dialogs_.runModal(dialog) == QDialog::Accepted)
+        editor.setMappings(at, which, table.rows());
 }
 
 void FormatListDialog::refresh() {
@@ -193,11 +258,14 @@ void FormatListDialog::refresh() {
     for (std::size_t at = 0; at < count; ++at) {
         auto format = editor.formats().formatAtIndex(at);
         auto row = static_cast<int>(at);
-        view_->setItem(row, 0, new QTableWidgetItem(qt(format ? textOf(*format, "Name") : "")));
+        auto* name = new QTableWidgetItem(qt(format ? textOf(*format, "Name") : ""));
+        name->setFlags(name->flags() & ~Qt::ItemIsEditable);
+        view_->setItem(row, 0, name);
+        view_->setItem(row, 1, new QTableWidgetItem(qt(editor.match(at))));
         auto* warn = new QTableWidgetItem;
         warn->setFlags(Qt::ItemIsUserCheckable | Qt::ItemIsEnabled | Qt::ItemIsSelectable);
         warn->setCheckState(editor.warns(at) ? Qt::Checked : Qt::Unchecked);
-        view_->setItem(row, 1, warn);
+        view_->setItem(row, 2, warn);
     }
     filling_ = false;
 }

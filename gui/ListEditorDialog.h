@@ -6,6 +6,7 @@
 #include <QDialog>
 
 class QLabel;
+class QPushButton;
 class QTableWidget;
 
 namespace tavvel {
@@ -32,7 +33,9 @@ public:
 
 private:
     void refresh();
+    void showCell(int row, int column);
     void cellEdited(int row, int column);
+    void chosen(int row, int column, int choice);
 
     TableEditor& table_;
     QTableWidget* view_;
@@ -40,18 +43,22 @@ private:
     bool filling_ = false;
 };
 
-// The input formats: their names, the "Warn" switch of each, duplicate and delete.
+// The input formats: their names, the match text and "Warn" switch of each, duplicate and
+// delete, and the lists of learned type and security mappings to delete from.
 class FormatListDialog : public QDialog {
     Q_OBJECT
 public:
-    FormatListDialog(TvPrefs& prefs, QWidget* parent);
+    FormatListDialog(TvPrefs& prefs, QtDialogs& dialogs, QWidget* parent);
 
     QTableWidget* table() const { return view_; }
 
 private:
     void refresh();
+    void itemEdited(int row, int column);
+    void trimMappings(bool types);
 
     TvPrefs& prefs_;
+    QtDialogs& dialogs_;
     QTableWidget* view_;
     bool filling_ = false;
 };

@@ -14,6 +14,7 @@ ListEditor::ListEditor(TvPrefs& prefs, std::string_view key, std::vector<std::st
 
 TableEditor& ListEditor::beginEditing() {
     table_.emplace(forEditing(copyOfList(prefs_, key_)), columns_, check_);
+    shape(*table_);
     return *table_;
 }
 
@@ -46,6 +47,13 @@ EditSecurities::EditSecurities(TvPrefs& prefs)
 EditAccounts::EditAccounts(TvPrefs& prefs)
     : ListEditor(prefs, prefkey::Accounts,
                  {std::string(acctkey::Name), std::string(acctkey::TypeNumber)}) {}
+
+void EditAccounts::shape(TableEditor& table) const {
+    std::vector<std::string> titles;
+    for (int number = kTypeNumberBank; number <= kTypeNumberOther; ++number)
+        titles.emplace_back(typeTitleFor(number));
+    table.shapeColumn(acctkey::TypeNumber, {std::string(text::accountTypeColumn), titles});
+}
 
 Array EditAccounts::accountsForEditing(Array accounts) {
     for (Value& entry : accounts) {

@@ -33,6 +33,8 @@ protected:
     // The rows as the table shows them, and the list as it is stored again.
     virtual Array forEditing(Array stored) const { return stored; }
     virtual Array afterEditing(Array edited) const { return edited; }
+    // Headings and choices of the table's columns.
+    virtual void shape(TableEditor&) const {}
 
 private:
     TvPrefs& prefs_;
@@ -59,10 +61,10 @@ public:
     explicit EditSecurities(TvPrefs& prefs);
 };
 
-// Accounts with the columns `Name` and `TypeNumber` (0 "Bank", 1 "Credit Card",
-// 2 "Investment", 3 "Other"). The number at opening is kept as `OriginalTypeNumber`; on
-// closing a changed number becomes its type word and an unchanged one keeps the stored word,
-// so a "Mutual" account stays "Mutual".
+// Accounts with the columns `Name` and `TypeNumber`, headed "Type": a choice of 0 "Bank",
+// 1 "Credit Card", 2 "Investment" and 3 "Other". The number at opening is kept as
+// `OriginalTypeNumber`; on closing a changed number becomes its type word and an unchanged one
+// keeps the stored word, so a "Mutual" account stays "Mutual".
 class EditAccounts : public ListEditor {
 public:
     explicit EditAccounts(TvPrefs& prefs);
@@ -74,6 +76,7 @@ protected:
     Array afterEditing(Array edited) const override {
         return accountsAfterEditing(std::move(edited));
     }
+    void shape(TableEditor& table) const override;
 };
 
 } // namespace tavvel

@@ -8,6 +8,25 @@ namespace tavvel {
 TableEditor::TableEditor(Array rows, std::vector<std::string> columns, Check check)
     : rows_(std::move(rows)), columns_(std::move(columns)), check_(std::move(check)) {}
 
+void TableEditor::shapeColumn(std::string_view column, Shape shape) {
+    shapes_.emplace_back(std::string(column), std::move(shape));
+}
+
+std::string TableEditor::headingOf(std::string_view column) const {
+    for (const auto& [key, shape] : shapes_)
+        if (key == column)
+            return shape.heading;
+    return std::string(column);
+}
+
+const std::vector<std::string>& TableEditor::choicesOf(std::string_view column) const {
+    static const std::vector<std::string> none;
+    for (const auto& [key, shape] : shapes_)
+        if (key == column)
+            return shape.choices;
+    return none;
+}
+
 Value TableEditor::cell(std::size_t row, std::string_view column) const {
     if (row >= rows_.size())
         return {};
@@ -34,7 +53,7 @@ bool TableEditor::passes(const Value& row) {
 }
 
 bool TableEditor::addRow(Value row) {
-    if (!passes(row))
+    if (onlyRemoval_ || !passes(row))
         return false;
     rows_.push_back(std::move(row));
     return true;
@@ -51,7 +70,7 @@ bool TableEditor::addEmptyRow() {
 
 bool TableEditor::setCell(std::size_t row, std::string_view column, Value value) {
     message_.clear();
-    if (row >= rows_.size())
+    if (onlyRemoval_ || row >= rows_.size())
         return false;
     Value changed = rows_[row];
     if (Dictionary* record = changed.get<Dictionary>())

@@ -10,6 +10,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace tavvel {
@@ -21,6 +22,22 @@ public:
 
     // No columns: every row is one text.
     TableEditor(Array rows, std::vector<std::string> columns = {}, Check check = {});
+
+    // How a column is shown: its heading, and for a value that is a choice, the titles it is
+    // chosen from (the cell holds the index of the title).
+    struct Shape {
+        std::string heading;
+        std::vector<std::string> choices;
+    };
+    void shapeColumn(std::string_view column, Shape shape);
+    // The column's heading (its key when not given).
+    std::string headingOf(std::string_view column) const;
+    // The titles of a choice column; empty for a column of free text.
+    const std::vector<std::string>& choicesOf(std::string_view column) const;
+
+    // A list the user may only take entries out of: rows are neither added nor changed.
+    void allowOnlyRemoval() { onlyRemoval_ = true; }
+    bool onlyRemoval() const { return onlyRemoval_; }
 
     const Array& rows() const { return rows_; }
     std::size_t numberOfRows() const { return rows_.size(); }
@@ -48,6 +65,8 @@ private:
     Array rows_;
     std::vector<std::string> columns_;
     Check check_;
+    std::vector<std::pair<std::string, Shape>> shapes_;
+    bool onlyRemoval_ = false;
     std::string message_;
 };
 

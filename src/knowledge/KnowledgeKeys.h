@@ -45,11 +45,19 @@ inline constexpr std::string_view formatName = "formatName";
 inline constexpr std::string_view quickenName = "quickenName";
 } // namespace seckey
 
+// The investment type mappings of an input format.
+namespace typemapkey {
+inline constexpr std::string_view formatType = "formatType";
+inline constexpr std::string_view quickenType = "quickenType";
+inline constexpr std::string_view assumedSecurity = "assumedSecurity";
+} // namespace typemapkey
+
 // Input format records (`Formats`), beside the keys that the scanners read
 // (recognize/InputFormatKeys.h). `TypeMappings` and `SecurityMappings` are also the
 // preference keys of the global tables that a new format receives when it has none.
 namespace fmtkey {
 inline constexpr std::string_view Name = "Name";
+inline constexpr std::string_view Match = "Match";
 inline constexpr std::string_view TypeMappings = "TypeMappings";
 inline constexpr std::string_view SecurityMappings = "SecurityMappings";
 inline constexpr std::string_view dontWarn = "dontWarn";

@@ -37,6 +37,13 @@ inline constexpr std::string_view warnColumn = "Warn";
 
 // Texts of our own where the program had none: a file that does not hold an input format
 // is refused with a reason instead of being ignored without a word.
+// Column headings of the editors' tables.
+inline constexpr std::string_view accountTypeColumn = "Type";
+inline constexpr std::string_view statementTypeColumn = "Statement Type";
+inline constexpr std::string_view actionColumn = "Action";
+inline constexpr std::string_view assumedSecurityColumn = "Assumed Security";
+inline constexpr std::string_view statementSecurityColumn = "Statement Security";
+inline constexpr std::string_view securityColumn = "Security";
 inline constexpr std::string_view formatNotImportedTitle = "Input Format Not Imported";
 inline constexpr std::string_view formatNotImportedText =
     "The file \"%@\" does not hold an input format (%@), so nothing was imported.";

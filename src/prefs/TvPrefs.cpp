@@ -2,6 +2,7 @@
 
 #include "prefs/Files.h"
 #include "prefs/PropertyList.h"
+#include "prefs/StorableText.h"
 
 #include <cmath>
 #include <ctime>
@@ -47,8 +48,11 @@ TvPrefs TvPrefs::open(const std::filesystem::path& folder, std::string_view appl
     store.path_ = pathFor(folder, applicationID);
     PlistRead read = readPropertyListFile(store.path_);
     if (read.ok()) {
+        // A file written before every text was stored as UTF-8 is taken clean at once, so
+        // that its payees meet the same texts from statements, and is rewritten at the next
+        // save.
+        store.unsaved_ = makeTextsStorable(read.value);
         store.prefs_ = std::move(*read.value.get<Dictionary>());
-        store.unsaved_ = false;
     } else if (read.status != PlistReadStatus::Missing) {
         store.keptAside_ = keepAside(store.path_, now);
         store.prefs_[std::string(prefkey::reconstructedAfterCorruption)] = Value(true);
@@ -125,7 +129,9 @@ bool TvPrefs::synchronize() {
         return true;
     std::error_code ec;
     std::filesystem::create_directories(path_.parent_path(), ec);
-    if (!writePropertyListFile(path_, Value(prefs_)))
+    Value written(prefs_);
+    makeTextsStorable(written);
+    if (!writePropertyListFile(path_, written))
         return false;
     unsaved_ = false;
     return true;

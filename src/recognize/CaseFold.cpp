@@ -1,6 +1,6 @@
 #include "recognize/CaseFold.h"
 
-#include "recognize/Utf8.h"
+#include "prefs/Utf8Text.h"
 
 #include <unicode/uchar.h>
 
@@ -8,8 +8,8 @@ namespace tavvel {
 
 namespace {
 
-// A character read from UTF-8; a byte that starts no valid sequence is read alone and
-// placed above every code point so that it never equals one.
+// A byte that starts no valid UTF-8 sequence is read alone and placed above every code point
+// so that it never equals one.
 struct Character {
     char32_t value;
     std::size_t length;
@@ -17,56 +17,9 @@ struct Character {
 
 constexpr char32_t kRawByte = 0x110000;
 
-unsigned byteAt(std::string_view s, std::size_t i) {
-    return static_cast<unsigned char>(s[i]);
-}
-
-bool continuation(std::string_view s, std::size_t i) {
-    return i < s.size() && (byteAt(s, i) & 0xC0) == 0x80;
-}
-
-// Lead byte: sequence length and the bounds that exclude overlong forms and surrogates.
-struct Lead {
-    std::size_t length;
-    unsigned bits, low, high;
-};
-
-std::optional<Lead> leadOf(unsigned b) {
-    if (b >= 0xC2 && b <= 0xDF)
-        return Lead{2, b & 0x1F, 0x80, 0xBF};
-    if (b == 0xE0)
-        return Lead{3, b & 0x0F, 0xA0, 0xBF};
-    if (b == 0xED)
-        return Lead{3, b & 0x0F, 0x80, 0x9F};
-    if (b >= 0xE1 && b <= 0xEF)
-        return Lead{3, b & 0x0F, 0x80, 0xBF};
-    if (b == 0xF0)
-        return Lead{4, b & 0x07, 0x90, 0xBF};
-    if (b >= 0xF1 && b <= 0xF3)
-        return Lead{4, b & 0x07, 0x80, 0xBF};
-    if (b == 0xF4)
-        return Lead{4, b & 0x07, 0x80, 0x8F};
-    return std::nullopt;
-}
-
 Character decodeAt(std::string_view s, std::size_t i) {
-    unsigned b = byteAt(s, i);
-    if (b < 0x80)
-        return {b, 1};
-    auto lead = leadOf(b);
-    Character raw{kRawByte + b, 1};
-    if (!lead || i + lead->length > s.size())
-        return raw;
-    unsigned second = byteAt(s, i + 1);
-    if (second < lead->low || second > lead->high)
-        return raw;
-    char32_t value = lead->bits;
-    for (std::size_t k = 1; k < lead->length; ++k) {
-        if (!continuation(s, i + k))
-            return raw;
-        value = (value << 6) | (byteAt(s, i + k) & 0x3F);
-    }
-    return {value, lead->length};
+    Utf8Character c = utf8CharacterAt(s, i);
+    return {c.valid ? c.value : kRawByte + c.value, c.length};
 }
 
 char32_t fold(char32_t c) {

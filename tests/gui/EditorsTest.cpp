@@ -4,9 +4,10 @@
 #include "AnsweringDialogs.h"
 #include "ListEditorDialog.h"
 #include "PreferencesDialog.h"
+#include "forms/EditFormats.h"
 #include "forms/ListEditors.h"
+#include "knowledge/Accounts.h"
 #include "knowledge/Categories.h"
-#include "knowledge/EditFormats.h"
 #include "prefs/Settings.h"
 #include "support/TestContext.h"
 
@@ -121,33 +122,111 @@ private slots:
         QCOMPARE(stored[1].text(), std::string("Rent"));
     }
 
-    void accountEditorShowsItsColumns() {
+    // The type is a choice of its titles; a changed choice is stored as its type word and an
+    // unchanged "Mutual" stays as it was.
+    void accountEditorChoosesTheType() {
+        Accounts(prefs()).setAccountsArray(
+            {Value(Dictionary{{"Name", Value("Checking")}, {"Type", Value("Bank")}}),
+             Value(Dictionary{{"Name", Value("Fund")}, {"Type", Value("Mutual")}})});
         test::AnsweringDialogs dialogs(prefs());
-        QStringList headers;
+        QStringList headers, titles;
+        int fundShows = -1;
         dialogs.then([&](QDialog& d) {
             auto* table = d.findChild<QTableWidget*>();
             for (int c = 0; c < table->columnCount(); ++c)
                 headers << table->horizontalHeaderItem(c)->text();
-            return int(QDialog::Rejected);
+            auto* checking = qobject_cast<QComboBox*>(table->cellWidget(0, 1));
+            auto* fund = qobject_cast<QComboBox*>(table->cellWidget(1, 1));
+            if (!checking || !fund)
+                return -1;
+            for (int i = 0; i < checking->count(); ++i)
+                titles << checking->itemText(i);
+            fundShows = fund->currentIndex();
+            checking->setCurrentIndex(3);
+            emit checking->activated(3);
+            return int(QDialog::Accepted);
         });
         gui::ListEditorDialog::edit(gui::ListEditorDialog::List::accounts, prefs(), dialogs,
                                     nullptr);
-        QCOMPARE(headers, (QStringList{"Name", "TypeNumber"}));
+        QCOMPARE(headers, (QStringList{"Name", "Type"}));
+        QCOMPARE(titles, (QStringList{"Bank", "Credit Card", "Investment", "Other"}));
+        QCOMPARE(fundShows, 2);
+        QCOMPARE(Accounts(prefs()).typeForAccount("Checking"), std::string("Oth A"));
+        QCOMPARE(Accounts(prefs()).typeForAccount("Fund"), std::string("Mutual"));
     }
 
-    void formatListDuplicatesAndSwitchesWarnings() {
-        Formats(prefs()).addFormat(Dictionary{{"Name", Value(std::string("Visa"))}});
-        gui::FormatListDialog dialog(prefs(), nullptr);
+    void formatListEditsMatchAndWarnAndDuplicates() {
+        Formats(prefs()).addFormat(
+            Dictionary{{"Name", Value("Visa")}, {"Match", Value("VISA STATEMENT")}});
+        test::AnsweringDialogs dialogs(prefs());
+        gui::FormatListDialog dialog(prefs(), dialogs, nullptr);
         QTableWidget* table = dialog.table();
+        QCOMPARE(table->columnCount(), 3);
+        QCOMPARE(table->horizontalHeaderItem(1)->text(), QStringLiteral("Match"));
         QCOMPARE(table->rowCount(), 1);
-        QCOMPARE(table->item(0, 1)->checkState(), Qt::Checked);
-        table->item(0, 1)->setCheckState(Qt::Unchecked);
+        QCOMPARE(table->item(0, 1)->text(), QStringLiteral("VISA STATEMENT"));
+        QVERIFY(!(table->item(0, 0)->flags() & Qt::ItemIsEditable));
+        table->item(0, 1)->setText(QStringLiteral("Visa Café"));
+        QCOMPARE(EditFormats(prefs()).match(0), std::string("Visa Café"));
+        QCOMPARE(table->item(0, 2)->checkState(), Qt::Checked);
+        table->item(0, 2)->setCheckState(Qt::Unchecked);
         QVERIFY(!EditFormats(prefs()).warns(0));
 
         table->selectRow(0);
         button(dialog, QStringLiteral("Duplicate"))->click();
         QCOMPARE(table->rowCount(), 2);
+        QCOMPARE(table->item(1, 1)->text(), QStringLiteral("Visa Café"));
         QCOMPARE(Formats(prefs()).numberOfFormats(), std::size_t{2});
+    }
+
+    // The learned mappings of the selected format: entries can be removed, nothing else.
+    void formatListDeletesLearnedMappings() {
+        auto mapping = [](const char* statement, const char* security) {
+            return Value(
+                Dictionary{{"formatName", Value(statement)}, {"quickenName", Value(security)}});
+        };
+        Formats(prefs()).addFormat(Dictionary{
+            {"Name", Value("Broker")},
+            {"SecurityMappings",
+             Value(Array{mapping("ACME", "Acme Corp"), mapping("GLOBEX", "Globex Fund")})},
+            {"TypeMappings", Value(Array{Value(Dictionary{{"formatType", Value("BUY")},
+                                                          {"quickenType", Value(1)}})})}});
+        test::AnsweringDialogs dialogs(prefs());
+        QStringList headers;
+        bool addShown = true, editable = true;
+        dialogs.then([&](QDialog& d) {
+            auto* table = d.findChild<QTableWidget*>();
+            for (int c = 0; c < table->columnCount(); ++c)
+                headers << table->horizontalHeaderItem(c)->text();
+            addShown = button(d, QStringLiteral("Add"))->isVisibleTo(&d);
+            editable = table->editTriggers() != QAbstractItemView::NoEditTriggers;
+            if (table->rowCount() != 2 || table->item(1, 0)->text() != "GLOBEX")
+                return -1;
+            table->selectRow(0);
+            button(d, QStringLiteral("Remove"))->click();
+            return int(QDialog::Accepted);
+        });
+        dialogs.then([](QDialog& d) {
+            auto* table = d.findChild<QTableWidget*>();
+            table->selectRow(0);
+            button(d, QStringLiteral("Remove"))->click();
+            return int(QDialog::Rejected);
+        });
+        gui::FormatListDialog dialog(prefs(), dialogs, nullptr);
+        dialog.table()->selectRow(0);
+        button(dialog, QStringLiteral("Delete Securities..."))->click();
+        button(dialog, QStringLiteral("Delete Types..."))->click();
+        QVERIFY(dialogs.done());
+        QCOMPARE(dialogs.titles, (QStringList{"Delete Securities For Input Format: Broker",
+                                              "Delete Types For Input Format: Broker"}));
+        QCOMPARE(headers, (QStringList{"Statement Security", "Security"}));
+        QVERIFY(!addShown);
+        QVERIFY(!editable);
+        EditFormats editor(prefs());
+        Array left = editor.mappings(0, EditFormats::Mappings::Securities);
+        QCOMPARE(left.size(), std::size_t{1});
+        QCOMPARE(textOf(left[0].dictionary(), "formatName"), std::string("GLOBEX"));
+        QCOMPARE(editor.mappings(0, EditFormats::Mappings::Types).size(), std::size_t{1});
     }
 
     void renameFormShowsTheDuplicateNoteAndOk() {

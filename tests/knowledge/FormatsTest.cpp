@@ -1,7 +1,7 @@
 #include "knowledge/Formats.h"
 
 #include "KnowledgeFixture.h"
-#include "knowledge/EditFormats.h"
+#include "forms/EditFormats.h"
 #include "knowledge/FormatFiles.h"
 #include "knowledge/KnowledgeKeys.h"
 #include "prefs/Files.h"

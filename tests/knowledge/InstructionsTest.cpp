@@ -1,6 +1,7 @@
 #include "knowledge/Instructions.h"
 
 #include "KnowledgeFixture.h"
+#include "recognize/CaseFold.h"
 #include "knowledge/InstructionMatch.h"
 #include "knowledge/KnowledgeKeys.h"
 #include "prefs/Settings.h"
@@ -48,6 +49,28 @@ TEST_F(InstructionsTest, ContainsModeAppliesToDescriptionsOnly) {
     EXPECT_EQ(matching("Amazon Mktp 123"), "MKTP");
     EXPECT_EQ(matching("Fast Food", ikey::categoryMatch), "(none)");
     EXPECT_EQ(matching("Food:Dining", ikey::categoryMatch), "Food");
+}
+
+// Letter case is ignored beyond ASCII, in every mode and in the chooser; bytes that are not
+// UTF-8 stand for themselves and are neither lost nor matched to a letter.
+TEST_F(InstructionsTest, AccentedLettersMatchInEitherCase) {
+    store.setInstruction(byDescription("CAFÉ"));
+    store.setInstruction(byDescription("MÜLLER GMBH"));
+    store.setInstruction(byDescription("ΣΟΦΊΑ"));
+    store.setInstruction(byDescription("M\xDCLLER"));
+    EXPECT_EQ(matching("café royal"), "CAFÉ");
+    EXPECT_EQ(matching("Müller GmbH Berlin"), "MÜLLER GMBH");
+    EXPECT_EQ(matching("σοφία 7"), "ΣΟΦΊΑ");
+    EXPECT_EQ(matching("m\xDCller"), "M\xDCLLER");
+    EXPECT_EQ(matching("CAFE"), "(none)");
+    EXPECT_EQ(matching("M\xFCLLER"), "(none)");
+    EXPECT_EQ(store.completedString("mü"), (Completion{"MÜLLER GMBH", 3}));
+    addOption(prefs(), option::longestInstructionMatch);
+    EXPECT_EQ(matching("müller gmbh"), "MÜLLER GMBH");
+    addOption(prefs(), option::matchDescriptionWithContains);
+    EXPECT_EQ(matching("POS Café Royal"), "CAFÉ");
+    EXPECT_EQ(matching("x müller gmbh"), "MÜLLER GMBH");
+    EXPECT_EQ(foldCase("CAF\xC9 \xFF\xC3"), "caf\xC9 \xFF\xC3");
 }
 
 TEST_F(InstructionsTest, EmptyMatchTextRules) {

@@ -1,4 +1,4 @@
-#include "knowledge/EditFormats.h"
+#include "forms/EditFormats.h"
 
 #include "knowledge/FillIn.h"
 #include "knowledge/KnowledgeKeys.h"
@@ -55,6 +55,19 @@ void EditFormats::setWarns(std::size_t position, bool warn) {
     formats_.addFormat(*record);
 }
 
+std::string EditFormats::match(std::size_t position) const {
+    std::optional<Dictionary> record = formats_.formatAtIndex(position);
+    return record ? textOf(*record, fmtkey::Match) : std::string();
+}
+
+void EditFormats::setMatch(std::size_t position, std::string_view match) {
+    std::optional<Dictionary> record = formats_.formatAtIndex(position);
+    if (!record || this->match(position) == match)
+        return;
+    record->insert_or_assign(std::string(fmtkey::Match), Value(std::string(match)));
+    formats_.addFormat(*record);
+}
+
 std::string EditFormats::mappingsTitle(std::size_t position, Mappings which) const {
     std::optional<Dictionary> record = formats_.formatAtIndex(position);
     std::string_view title =
@@ -66,6 +79,25 @@ Array EditFormats::mappings(std::size_t position, Mappings which) const {
     std::optional<Dictionary> record = formats_.formatAtIndex(position);
     const Value* list = record ? find(*record, keyOf(which)) : nullptr;
     return list ? list->array() : Array{};
+}
+
+TableEditor EditFormats::mappingsTable(std::size_t position, Mappings which) const {
+    using Shape = TableEditor::Shape;
+    std::vector<std::pair<std::string_view, std::string_view>> columns =
+        which == Mappings::Types
+            ? decltype(columns){{typemapkey::formatType, text::statementTypeColumn},
+                                {typemapkey::quickenType, text::actionColumn},
+                                {typemapkey::assumedSecurity, text::assumedSecurityColumn}}
+            : decltype(columns){{seckey::formatName, text::statementSecurityColumn},
+                                {seckey::quickenName, text::securityColumn}};
+    std::vector<std::string> keys;
+    for (const auto& [key, heading] : columns)
+        keys.emplace_back(key);
+    TableEditor table(mappings(position, which), keys);
+    for (const auto& [key, heading] : columns)
+        table.shapeColumn(key, Shape{std::string(heading), {}});
+    table.allowOnlyRemoval();
+    return table;
 }
 
 void EditFormats::setMappings(std::size_t position, Mappings which, Array remaining) {

@@ -1,7 +1,9 @@
 #pragma once
 // The input format editor (`EditFormats`) over the format store: duplicating a format,
-// deleting one, the "Warn" switch of each, and trimming a format's mapping tables.
+// deleting one, the match text and "Warn" switch of each, and trimming a format's mapping
+// tables.
 
+#include "forms/TableEditor.h"
 #include "knowledge/Formats.h"
 
 #include <cstddef>
@@ -31,10 +33,16 @@ public:
     bool warns(std::size_t position) const;
     void setWarns(std::size_t position, bool warn);
 
+    // The "Match" column: the text that picks the format for a statement.
+    std::string match(std::size_t position) const;
+    void setMatch(std::size_t position, std::string_view match);
+
     enum class Mappings { Types, Securities };
     // deleteTypes: / deleteSecurities: — the title of the list and its entries.
     std::string mappingsTitle(std::size_t position, Mappings which) const;
     Array mappings(std::size_t position, Mappings which) const;
+    // The list as a table of which entries can only be removed, with its columns headed.
+    TableEditor mappingsTable(std::size_t position, Mappings which) const;
     // Stores what is left of the list after the user removed entries.
     void setMappings(std::size_t position, Mappings which, Array remaining);
 
