@@ -9,6 +9,7 @@
 
 #include "bank/BankingCreditCardQIF.h"
 #include "context/Context.h"
+#include "dialogs/BatchDialogs.h"
 #include "dialogs/RunHelpers.h"
 #include "formats/OutputFormats.h"
 #include "knowledge/Instructions.h"
@@ -112,24 +113,6 @@ Dictionary csvFormat() {
 }
 
 // A front end for a walk that never needs to ask.
-class SilentDialogs : public Dialogs {
-public:
-    void alert(const std::string&, const std::string&) override {}
-    std::size_t ask(const std::string&, const std::string&,
-                    const std::vector<std::string>&) override {
-        return 0;
-    }
-    ErrorWarningAnswer errorWarning(const std::string&, const std::string&, const std::string&,
-                                    bool) override {
-        return {true, false};
-    }
-    CancelAnswer cancelQuestion() override { return {CancelChoice::stopNow, false}; }
-    bool acceptsFormsAsShown() const override { return true; }
-    std::optional<std::string> chooseFileToOpen(const FileChoice&) override { return {}; }
-    std::optional<std::string> chooseFileToSave(const FileChoice&) override { return {}; }
-    std::optional<std::string> chooseFileToAppendTo(const FileChoice&) override { return {}; }
-};
-
 const Configuration& configuration() {
     static const Configuration config = Configuration::load(TAVVEL_CONFIG_FILE).value();
     return config;
@@ -162,7 +145,7 @@ void resetPeak() {
 // Reads the statement and writes every record as QIF; the number of records written.
 template <typename Read> std::size_t readAndWrite(Read read, std::string& output) {
     auto ctx = convertingContext();
-    SilentDialogs dialogs;
+    BatchDialogs dialogs;
     BankingCreditCardQIF reader(*ctx);
     reader.recordsOnDemand = true; // as a run reads text
     read(reader);
@@ -213,7 +196,7 @@ void qifToQif(benchmark::State& state) {
 void csvToQif(benchmark::State& state) {
     const std::string input = csvStatement(static_cast<unsigned>(state.range(0)));
     const Dictionary format = csvFormat();
-    SilentDialogs dialogs;
+    BatchDialogs dialogs;
     ErrorWarning warning(dialogs, [](const Dictionary&) {});
     measure(state, input, [&](BankingCreditCardQIF& reader) {
         reader.fromFormattedText(input, format, kDistantPast, kDistantFuture, warning);

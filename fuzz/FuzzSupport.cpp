@@ -71,37 +71,10 @@ std::filesystem::path Scratch::write(std::string_view name, std::string_view byt
     return file;
 }
 
-void SilentDialogs::alert(const std::string&, const std::string&) {
-    ++messagesShown;
-}
-
-std::size_t SilentDialogs::ask(const std::string&, const std::string&,
-                               const std::vector<std::string>& buttons) {
-    ++messagesShown;
-    check(!buttons.empty(), "a question without buttons");
-    return 0;
-}
-
-ErrorWarningAnswer SilentDialogs::errorWarning(const std::string&, const std::string&,
-                                               const std::string&, bool) {
-    ++messagesShown;
-    return {};
-}
-
-CancelAnswer SilentDialogs::cancelQuestion() {
-    return {CancelChoice::stopNow, false};
-}
-
-std::optional<std::string> SilentDialogs::chooseFileToOpen(const FileChoice&) {
-    return std::nullopt;
-}
-
-std::optional<std::string> SilentDialogs::chooseFileToSave(const FileChoice&) {
-    return savePath_;
-}
-
-std::optional<std::string> SilentDialogs::chooseFileToAppendTo(const FileChoice&) {
-    return std::nullopt;
+BatchDialogs silentDialogs(std::optional<std::string> outputPath) {
+    return BatchDialogs(std::move(outputPath), [](const BatchMessage& message) {
+        check(!message.question || !message.buttons.empty(), "a question without buttons");
+    });
 }
 
 void checkDateInRange(const Context& ctx, const Dictionary& record, Date from, Date to) {

@@ -4,7 +4,7 @@
 // both libFuzzer and the replay test see the failure.
 
 #include "context/Context.h"
-#include "dialogs/Dialogs.h"
+#include "dialogs/BatchDialogs.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -53,29 +53,8 @@ private:
     std::filesystem::path path_;
 };
 
-// Answers every question with its first (default) button, accepts every form as it stands,
-// and cancels every file panel but the save panel when given a path to save to, so a run goes
-// as far as it can without a person.
-class SilentDialogs : public Dialogs {
-public:
-    explicit SilentDialogs(std::optional<std::string> savePath = std::nullopt)
-        : savePath_(std::move(savePath)) {}
-
-    void alert(const std::string& title, const std::string& text) override;
-    std::size_t ask(const std::string& title, const std::string& text,
-                    const std::vector<std::string>& buttons) override;
-    ErrorWarningAnswer errorWarning(const std::string& message, const std::string& text,
-                                    const std::string& buttonTitle, bool offerDontWarn) override;
-    CancelAnswer cancelQuestion() override;
-    std::optional<std::string> chooseFileToOpen(const FileChoice& choice) override;
-    std::optional<std::string> chooseFileToSave(const FileChoice& choice) override;
-    std::optional<std::string> chooseFileToAppendTo(const FileChoice& choice) override;
-
-    std::size_t messagesShown = 0;
-
-private:
-    std::optional<std::string> savePath_;
-};
+// The batch front end, which fails the run when a question offers no button to take.
+BatchDialogs silentDialogs(std::optional<std::string> outputPath = std::nullopt);
 
 // The record's date (written in the run's long output date pattern) lies inside the range;
 // both ends inclusive.

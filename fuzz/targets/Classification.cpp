@@ -21,7 +21,7 @@ int classification(const std::uint8_t* data, std::size_t size) {
     Context ctx = freshContext(scratch.path());
     // Without a category list every run stops at its first check, before any reader.
     Categories(ctx.prefs).createEmpty();
-    SilentDialogs dialogs((scratch.path() / "output.qif").string());
+    BatchDialogs dialogs = silentDialogs((scratch.path() / "output.qif").string());
     Controller controller(ctx, dialogs);
     std::string bytes(*text);
     normaliseInputText(bytes);
@@ -31,7 +31,7 @@ int classification(const std::uint8_t* data, std::size_t size) {
     controller.source = "fuzz input";
     Intake intake = controller.processInput();
     if (intake == Intake::refused) {
-        check(dialogs.messagesShown > 0, "an input refused without a message");
+        check(!dialogs.messages().empty(), "an input refused without a message");
         check(!ctx.processing, "a refused input left a run under way");
         return 0;
     }

@@ -15,11 +15,11 @@ namespace {
 void openAndResume(const std::filesystem::path& file, const std::filesystem::path& folder) {
     Context ctx = freshContext(folder);
     Categories(ctx.prefs).createEmpty();
-    SilentDialogs dialogs((folder / "output.qif").string());
+    BatchDialogs dialogs = silentDialogs((folder / "output.qif").string());
     Controller controller(ctx, dialogs);
     Intake intake = controller.actuallyProcessFile(file.string());
     if (intake == Intake::refused) {
-        check(dialogs.messagesShown > 0, "a continuation refused without a message");
+        check(!dialogs.messages().empty(), "a continuation refused without a message");
         check(!controller.continuationData, "a refused continuation is still held");
         return;
     }

@@ -14,14 +14,14 @@ int qifReader(const std::uint8_t* data, std::size_t size) {
     if (!text)
         return 0;
     Context ctx = freshContext();
-    SilentDialogs dialogs;
+    BatchDialogs dialogs = silentDialogs();
     std::vector<std::string> lines = findLines(*text);
     std::vector<std::string_view> views(lines.begin(), lines.end());
     std::size_t start = 0;
     int result = ImportQuickenExport(ctx.prefs, dialogs).process(views, start, "fuzz input");
     check(result >= ImportQuickenExport::kMalformed && result < 16, "an unknown import result");
     if (result == ImportQuickenExport::kMalformed)
-        check(dialogs.messagesShown == 0, "a malformed list asked something before refusing");
+        check(dialogs.messages().empty(), "a malformed list asked something before refusing");
     check(start <= lines.size(), "the transactions start after the last line");
     if (result > 0)
         lines.erase(lines.begin(), lines.begin() + static_cast<std::ptrdiff_t>(start));

@@ -7,6 +7,7 @@
 #include "app/ImportQuickenExport.h"
 #include "bank/BankTexts.h"
 #include "bank/BankingCreditCardQIF.h"
+#include "dialogs/BatchDialogs.h"
 #include "formats/TransactionKeys.h"
 #include "prefs/Files.h"
 #include "prefs/Settings.h"
@@ -25,36 +26,6 @@ namespace {
 namespace fs = std::filesystem;
 
 const fs::path kCorpus = test::corpusFolder();
-
-// A front end that never asks: every question takes its first button, error records are
-// skipped, and the output goes to one file.
-class AnsweringDialogs : public Dialogs {
-public:
-    explicit AnsweringDialogs(fs::path output) : output_(std::move(output)) {}
-    void alert(const std::string& title, const std::string&) override { titles.push_back(title); }
-    std::size_t ask(const std::string& title, const std::string&,
-                    const std::vector<std::string>&) override {
-        titles.push_back(title);
-        return 0;
-    }
-    ErrorWarningAnswer errorWarning(const std::string&, const std::string&, const std::string&,
-                                    bool) override {
-        return {true, false};
-    }
-    CancelAnswer cancelQuestion() override { return {CancelChoice::stopNow, false}; }
-    std::optional<std::string> chooseFileToOpen(const FileChoice&) override { return {}; }
-    std::optional<std::string> chooseFileToSave(const FileChoice&) override {
-        return output_.string();
-    }
-    std::optional<std::string> chooseFileToAppendTo(const FileChoice&) override {
-        return output_.string();
-    }
-
-    std::vector<std::string> titles;
-
-private:
-    fs::path output_;
-};
 
 std::vector<fs::path> corpusFiles(const std::string& folder) {
     std::vector<fs::path> files;
@@ -85,7 +56,7 @@ void convertWholly(const fs::path& file) {
     t.ctx.prefs.setObject(prefkey::Categories, Value(Array{}));
     addOption(t.ctx.prefs, option::dontAddCategories);
     fs::path output = t.folder.path() / "output.qif";
-    AnsweringDialogs dialogs(output);
+    BatchDialogs dialogs(output.string());
     Controller controller(t.ctx, dialogs);
     Intake intake = controller.actuallyProcessFile(file.string());
     RunEnd end = RunEnd::notStarted;
@@ -239,12 +210,12 @@ TEST(Corpus, ListExportsAreRecognised) {
         SCOPED_TRACE(file.string());
         ++exports;
         test::TestContext t;
-        AnsweringDialogs dialogs(t.folder.path() / "unused");
+        BatchDialogs dialogs((t.folder.path() / "unused").string());
         std::vector<std::string_view> views(lines.begin(), lines.end());
         std::size_t start = 0;
         int result = ImportQuickenExport(t.ctx.prefs, dialogs).process(views, start, "File");
         EXPECT_GT(result, 0) << "not recognised as a list export";
-        EXPECT_FALSE(dialogs.titles.empty());
+        EXPECT_FALSE(dialogs.messages().empty());
     }
     EXPECT_GT(exports, 0u) << "the corpus holds no list export";
 }

@@ -1,6 +1,7 @@
 // Inputs no bank would send on purpose: each is refused with the program's own message naming
 // the file, and nothing is written anywhere.
 #include "app/Controller.h"
+#include "dialogs/BatchDialogs.h"
 #include "knowledge/Categories.h"
 #include "knowledge/FormatFiles.h"
 #include "knowledge/Formats.h"
@@ -16,41 +17,14 @@
 namespace tavvel {
 namespace {
 
-struct Message {
-    std::string title, text;
-};
+using Message = BatchMessage;
 
-// Records every message; any question or file panel is a failure, since a refusal asks
-// nothing.
-class RecordingDialogs : public Dialogs {
-public:
-    std::vector<Message> messages;
-    void alert(const std::string& title, const std::string& text) override {
-        messages.push_back({title, text});
-    }
-    std::size_t ask(const std::string& title, const std::string&,
-                    const std::vector<std::string>&) override {
-        ADD_FAILURE() << "asked: " << title;
-        return 1;
-    }
-    ErrorWarningAnswer errorWarning(const std::string& message, const std::string&,
-                                    const std::string&, bool) override {
-        ADD_FAILURE() << "error warning: " << message;
-        return {false, false};
-    }
-    CancelAnswer cancelQuestion() override { return {CancelChoice::stopNow, false}; }
-    std::optional<std::string> chooseFileToOpen(const FileChoice&) override { return unexpected(); }
-    std::optional<std::string> chooseFileToSave(const FileChoice&) override { return unexpected(); }
-    std::optional<std::string> chooseFileToAppendTo(const FileChoice&) override {
-        return unexpected();
-    }
-
-private:
-    static std::optional<std::string> unexpected() {
-        ADD_FAILURE() << "a file panel was opened";
-        return std::nullopt;
-    }
-};
+// A refusal asks nothing: no question, no error record, no file panel.
+void expectNothingAsked(const BatchDialogs& dialogs) {
+    EXPECT_EQ(dialogs.questionsAsked(), 0u);
+    EXPECT_EQ(dialogs.skippedErrors(), 0u);
+    EXPECT_EQ(dialogs.filePanelsOpened(), 0u);
+}
 
 // Deterministic junk: every byte value, NULs and line ends included.
 std::string junk(std::size_t size) {
@@ -73,9 +47,10 @@ std::set<std::filesystem::path> filesIn(const std::filesystem::path& folder) {
 class HostileInput : public testing::Test {
 protected:
     test::TestContext t;
-    RecordingDialogs dialogs;
+    BatchDialogs dialogs;
 
     HostileInput() { Categories(t.ctx.prefs).createEmpty(); }
+    void TearDown() override { expectNothingAsked(dialogs); }
 
     std::filesystem::path write(const std::string& name, const std::string& bytes) {
         std::filesystem::path file = t.folder.path() / name;
@@ -90,8 +65,8 @@ protected:
         EXPECT_EQ(controller.actuallyProcessFile(file.string()), Intake::refused);
         EXPECT_EQ(filesIn(t.folder.path()), before);
         EXPECT_FALSE(t.ctx.processing);
-        EXPECT_EQ(dialogs.messages.size(), 1u);
-        return dialogs.messages.empty() ? Message{} : dialogs.messages.back();
+        EXPECT_EQ(dialogs.messages().size(), 1u);
+        return dialogs.messages().empty() ? Message{} : dialogs.messages().back();
     }
 };
 
@@ -154,7 +129,7 @@ TEST_F(HostileInput, BytesThatAreNoTextAreRefusedAsSuch) {
           {"padded.qif", "!Type:Bank\nD1/2/2024\nT-5.00\n^\n" + std::string(64, '\0')},
           {"high.csv", highJunk(1 << 16)}}) {
         SCOPED_TRACE(name);
-        dialogs.messages.clear();
+        dialogs.forgetMessages();
         Message m = refusal(write(name, bytes));
         EXPECT_EQ(m.title, "Invalid Input");
         EXPECT_EQ(m.text, notText(name));
@@ -166,7 +141,7 @@ TEST_F(HostileInput, StrayNulInTextIsABlank) {
     std::string text = "!Type:Bank\nD1/2/2024\nT-5.00\nPCORNER\0SHOP\n^\n";
     Controller controller(t.ctx, dialogs);
     EXPECT_NE(controller.actuallyProcessFile(write("stray.qif", text).string()), Intake::refused);
-    EXPECT_TRUE(dialogs.messages.empty());
+    EXPECT_TRUE(dialogs.messages().empty());
     EXPECT_EQ(controller.fileAsString.find('\0'), std::string::npos);
 }
 
@@ -219,7 +194,7 @@ TEST_F(HostileSavedFile, DeeplyNestedFormatFileIsRefused) {
 TEST_F(HostileSavedFile, ImportingJunkChangesNoFormat) {
     TvPrefs prefs;
     Formats formats(prefs);
-    RecordingDialogs dialogs;
+    BatchDialogs dialogs;
     auto present = [](RenameFormatForm&) {
         ADD_FAILURE() << "the rename form was shown for junk";
         return false;
@@ -227,8 +202,9 @@ TEST_F(HostileSavedFile, ImportingJunkChangesNoFormat) {
     EXPECT_EQ(importFormatFile(formats, write("junk.tvfm", junk(4096)), dialogs, present),
               ImportOutcome::Refused);
     EXPECT_EQ(formats.numberOfFormats(), 0u);
-    ASSERT_EQ(dialogs.messages.size(), 1u);
-    EXPECT_NE(dialogs.messages[0].text.find("junk.tvfm"), std::string::npos);
+    expectNothingAsked(dialogs);
+    ASSERT_EQ(dialogs.messages().size(), 1u);
+    EXPECT_NE(dialogs.messages()[0].text.find("junk.tvfm"), std::string::npos);
 }
 
 TEST_F(HostileSavedFile, ContinuationFileOfJunkOrWrongRoot) {
