@@ -26,15 +26,20 @@ void TerminalDialogs::alert(const std::string& title, const std::string& text) {
     out_.flush();
 }
 
+void TerminalDialogs::printChoices(const std::vector<std::string>& choices) {
+    for (std::size_t i = 0; i < choices.size(); ++i)
+        out_ << "  " << (i + 1) << ") " << terminalText(choices[i]) << "\n";
+}
+
 std::size_t TerminalDialogs::ask(const std::string& title, const std::string& text,
                                  const std::vector<std::string>& buttons) {
     printMessage(title, text);
-    for (std::size_t i = 0; i < buttons.size(); ++i)
-        out_ << "  " << (i + 1) << ") " << terminalText(buttons[i]) << "\n";
+    printChoices(buttons);
     if (batch_ || buttons.size() < 2) {
-        if (!buttons.empty())
-            out_ << "-> " << terminalText(buttons.front()) << "\n";
-        return 0;
+        std::size_t pick = batch_ ? batch_->ask(title, text, buttons) : 0;
+        if (pick < buttons.size())
+            out_ << "-> " << terminalText(buttons[pick]) << "\n";
+        return pick;
     }
     return readChoice(buttons.size());
 }
@@ -56,28 +61,32 @@ std::size_t TerminalDialogs::readChoice(std::size_t count) {
     }
 }
 
-ErrorWarningAnswer TerminalDialogs::errorWarning(const std::string& message,
-                                                 const std::string& text,
-                                                 const std::string& buttonTitle,
-                                                 bool offerDontWarn) {
-    // A batch run over a badly damaged file would print every record; the first ones show
-    // what is wrong, and the count at the end says how many there were.
-    if (batch_ && skippedErrors_ >= kErrorsShownInBatch) {
-        ++skippedErrors_;
-        return {true, false};
-    }
+std::vector<std::string> TerminalDialogs::printError(const std::string& message,
+                                                     const std::string& text,
+                                                     const std::string& buttonTitle,
+                                                     bool offerDontWarn) {
     printMessage("Error", message + text);
     std::vector<std::string> choices{buttonTitle, "Cancel"};
     if (offerDontWarn)
         choices.push_back(buttonTitle + ", and do not warn again for this input format");
-    for (std::size_t i = 0; i < choices.size(); ++i)
-        out_ << "  " << (i + 1) << ") " << terminalText(choices[i]) << "\n";
+    printChoices(choices);
+    return choices;
+}
+
+ErrorWarningAnswer TerminalDialogs::errorWarning(const std::string& message,
+                                                 const std::string& text,
+                                                 const std::string& buttonTitle,
+                                                 bool offerDontWarn) {
     if (batch_) {
-        out_ << "-> " << terminalText(buttonTitle) << "\n";
-        ++skippedErrors_;
-        return {true, false};
+        // A batch run over a badly damaged file would print every record; the first ones
+        // show what is wrong, and the count at the end says how many there were.
+        if (batch_->skippedErrors() < kErrorsShownInBatch) {
+            printError(message, text, buttonTitle, offerDontWarn);
+            out_ << "-> " << terminalText(buttonTitle) << "\n";
+        }
+        return batch_->errorWarning(message, text, buttonTitle, offerDontWarn);
     }
-    std::size_t pick = readChoice(choices.size());
+    std::size_t pick = readChoice(printError(message, text, buttonTitle, offerDontWarn).size());
     if (pick != 1)
         ++skippedErrors_;
     return {pick != 1, pick == 2};
@@ -91,7 +100,7 @@ CancelAnswer TerminalDialogs::cancelQuestion() {
     for (std::size_t i = 0; i < std::size(choices); ++i)
         out_ << "  " << (i + 1) << ") " << choices[i] << "\n";
     if (batch_)
-        return {CancelChoice::stopNow, false};
+        return batch_->cancelQuestion();
     switch (readChoice(std::size(choices))) {
     case 0:
         return {CancelChoice::stopNow, false};
@@ -113,8 +122,6 @@ namespace tavvel {
 // A path typed at the prompt; Return takes the fallback, end of input cancels.
 std::optional<std::string> TerminalDialogs::readPath(const std::string& prompt,
                                                      const std::string& fallback) {
-    if (batch_)
-        return fallback.empty() ? std::nullopt : std::optional<std::string>(fallback);
     out_ << prompt;
     if (!fallback.empty())
         out_ << " [" << terminalText(fallback) << "]";
@@ -128,6 +135,8 @@ std::optional<std::string> TerminalDialogs::readPath(const std::string& prompt,
 }
 
 std::optional<std::string> TerminalDialogs::chooseFileToOpen(const FileChoice& choice) {
+    if (batch_)
+        return batch_->chooseFileToOpen(choice);
     return readPath(choice.prompt.empty() ? "Open file" : choice.prompt, "");
 }
 
@@ -144,18 +153,20 @@ std::optional<std::string> TerminalDialogs::chooseFileToSave(const FileChoice& c
 std::optional<std::string> TerminalDialogs::chooseFileToAppendTo(const FileChoice& choice) {
     if (outputPath_)
         return outputPath_;
+    if (batch_)
+        return batch_->chooseFileToAppendTo(choice);
     return readPath(choice.prompt.empty() ? "Append To" : choice.prompt, "");
 }
 
 ConfirmAction TerminalDialogs::confirmTransaction(ConfirmForm& form) {
     if (batch_)
-        return Dialogs::confirmTransaction(form);
+        return batch_->confirmTransaction(form);
     return answerConfirmForm(form, in_, out_);
 }
 
 NewInstructionAction TerminalDialogs::newInstruction(NewInstructionForm& form) {
     if (batch_)
-        return Dialogs::newInstruction(form);
+        return batch_->newInstruction(form);
     return answerNewInstructionForm(form, in_, out_);
 }
 

@@ -133,19 +133,19 @@ void printPreview(std::ostream& out, const PreviewTable& table,
 
 LearnAction TerminalDialogs::learnDate(LearnDateForm& form) {
     if (batch_)
-        return Dialogs::learnDate(form);
+        return batch_->learnDate(form);
     return TerminalLearn(in_, out_).date(form);
 }
 
 LearnAction TerminalDialogs::learnLayout(LearnLayoutForm& form) {
     if (batch_)
-        return Dialogs::learnLayout(form);
+        return batch_->learnLayout(form);
     return TerminalLearn(in_, out_).layout(form);
 }
 
 LearnAction TerminalDialogs::learnQuestion(LearnQuestionForm& form) {
     if (batch_)
-        return Dialogs::learnQuestion(form);
+        return batch_->learnQuestion(form);
     return TerminalLearn(in_, out_).question(form);
 }
 
