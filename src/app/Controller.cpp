@@ -9,13 +9,13 @@
 
 #include "app/AppTexts.h"
 #include "app/ContinuationRecord.h"
-#include "app/Format.h"
 #include "app/ImportQuickenExport.h"
 #include "app/InputText.h"
 #include "app/RunSettings.h"
 #include "bank/OfxStatements.h"
 #include "context/Context.h"
 #include "dialogs/Dialogs.h"
+#include "dialogs/MessageFormat.h"
 #include "forms/RunFormTexts.h"
 #include "knowledge/Accounts.h"
 #include "knowledge/Categories.h"
@@ -67,7 +67,9 @@ void Controller::statusAlert(std::string_view title, std::string_view format,
                              std::string_view argument) {
     doneWithFile();
     lastTitle = std::string(title);
-    lastMessage = formatMessage(format, argument);
+    // Some refusals name no source: their text is complete as it stands.
+    lastMessage =
+        placeholderCount(format) == 0 ? std::string(format) : formatMessage(format, argument);
     dialogs_.alert(lastTitle, lastMessage);
 }
 

@@ -5,13 +5,13 @@
 #include "app/AppTexts.h"
 #include "app/ContinuationRecord.h"
 #include "app/Controller.h"
-#include "app/Format.h"
 #include "app/OutputFile.h"
 #include "app/RunSettings.h"
 #include "bank/QifDates.h"
 #include "bank/QifInputTypes.h"
 #include "context/Context.h"
 #include "dialogs/Dialogs.h"
+#include "dialogs/MessageFormat.h"
 #include "formats/Extract.h"
 #include "formats/ExtractKeys.h"
 #include "formats/OutputFormatKeys.h"
@@ -242,9 +242,8 @@ bool Controller::readTransactions(Date from, Date to) {
     std::size_t bad = reader_.fromQIFLines(fileAsLines, from, to);
     if (bad == 0)
         return true;
-    std::string message = formatMessage(text::corruptedQif, source);
-    std::size_t at = message.find("%ld");
-    message.replace(at, 3, std::to_string(bad + skippedLines));
+    std::string message =
+        formatMessage(text::corruptedQif, {source, std::to_string(bad + skippedLines)});
     statusAlert(text::invalidInputTitle, "%@", message);
     return false;
 }

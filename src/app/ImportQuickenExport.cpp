@@ -1,8 +1,8 @@
 #include "app/ImportQuickenExport.h"
 
 #include "app/AppTexts.h"
-#include "app/Format.h"
 #include "dialogs/Dialogs.h"
+#include "dialogs/MessageFormat.h"
 #include "prefs/Settings.h"
 
 #include <optional>

@@ -1,13 +1,13 @@
 #include "bank/NewInstructionSaving.h"
 
 #include "dialogs/Dialogs.h"
+#include "dialogs/MessageFormat.h"
 #include "formats/TransactionKeys.h"
 #include "forms/InstructionFormTexts.h"
 #include "forms/NewInstructionForm.h"
 #include "knowledge/Amounts.h"
 #include "knowledge/Categories.h"
 #include "knowledge/Descriptions.h"
-#include "knowledge/FillIn.h"
 #include "knowledge/Instructions.h"
 #include "knowledge/KnowledgeKeys.h"
 
@@ -79,7 +79,7 @@ bool replaceConfirmed(const NewInstructionForm& form, const Instructions& instru
     if (form.amountSwitchOn() || !instructions.instructionMatching(match, matchKeyOf(form)))
         return true;
     std::size_t answer = dialogs.ask(std::string(text::instructionsExistTitle),
-                                     fillIn(text::instructionsExistText, {match, match}),
+                                     formatMessage(text::instructionsExistText, {match, match}),
                                      {std::string(text::yesButton), std::string(text::noButton)});
     return answer == 0;
 }

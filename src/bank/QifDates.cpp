@@ -6,11 +6,12 @@
 
 #include "bank/BankTexts.h"
 #include "context/Context.h"
+#include "dialogs/Dialogs.h"
+#include "dialogs/MessageFormat.h"
 #include "prefs/Settings.h"
 #include "recognize/ByteClass.h"
 #include "recognize/LocaleDates.h"
 #include "recognize/ParseDate.h"
-#include "dialogs/Dialogs.h"
 
 #include <chrono>
 
@@ -56,13 +57,6 @@ writtenPair(std::string_view text, const Configuration& config, const Clock& clo
     if (!parseQIFDate(text, d.month, d.day, d.year, false, config, clock))
         return std::nullopt;
     return std::pair{d.month, d.day};
-}
-
-std::string withSource(std::string_view format, std::string_view source) {
-    std::string out(format);
-    if (std::size_t at = out.find("%@"); at != std::string::npos)
-        out.replace(at, 2, source);
-    return out;
 }
 
 } // namespace
@@ -113,7 +107,7 @@ bool chooseQifDateOrder(const std::vector<std::string>& lines, Context& ctx, Dia
     if (setting || evidence.dayFirst || !evidence.eitherWay || !writesDayFirst(systemDateLocale()))
         return setting;
     std::size_t answer =
-        dialogs.ask(std::string(text::qifDateOrderTitle), withSource(text::qifDateOrder, source),
+        dialogs.ask(std::string(text::qifDateOrderTitle), formatMessage(text::qifDateOrder, source),
                     {std::string(text::dayBeforeMonth), std::string(text::monthBeforeDay)});
     return answer == 0;
 }

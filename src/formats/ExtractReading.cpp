@@ -3,6 +3,7 @@
 // range; the date field rewritten in the run's long output date format.
 
 #include "context/Context.h"
+#include "dialogs/MessageFormat.h"
 #include "formats/Extract.h"
 #include "formats/ExtractRun.h"
 #include "formats/ExtractTexts.h"
@@ -12,12 +13,6 @@ namespace tavvel {
 namespace {
 
 constexpr std::size_t kOfxDateLength = 8;
-
-std::string invalidSeparatedMessage(std::string_view layout) {
-    std::string message(text::invalidSeparatedField);
-    message.replace(message.find("%@"), 2, layout);
-    return message;
-}
 
 } // namespace
 
@@ -82,7 +77,8 @@ bool Extract::cutIntoFields(std::string_view transaction, const extract::RunForm
     do {
         const extract::Cut cut = run.cutter.cut(work_, pos, lineEnds);
         if (cut.status == extract::CutStatus::unclosedQuote) {
-            handOutError(invalidSeparatedMessage(run.cutter.layout()), transaction);
+            handOutError(formatMessage(text::invalidSeparatedField, run.cutter.layout()),
+                         transaction);
             return false;
         }
         if (cut.status == extract::CutStatus::endsBeforeStart) {

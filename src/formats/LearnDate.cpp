@@ -3,6 +3,7 @@
 // cut into transactions with them, and a layout is preselected for stage 2.
 
 #include "context/Context.h"
+#include "dialogs/MessageFormat.h"
 #include "formats/ExtractKeys.h"
 #include "formats/LearnFormat.h"
 #include "formats/LearnTexts.h"
@@ -131,7 +132,7 @@ void LearnFormat::ok1() {
                                             textOf(format, fmtkey::DateStart) == "\"");
     format_ = std::move(format);
     layoutForm_.refresh();
-    layoutForm_.title = text::filledIn(text::learnTitle, type.title, formatName_);
+    layoutForm_.title = formatMessage(text::learnTitle, {type.title, formatName_});
     stage_ = Stage::layout;
     backPushFormatOnlyForWindow(Stage::layout);
 }

@@ -5,6 +5,7 @@
 
 #include "context/Context.h"
 #include "dialogs/Dialogs.h"
+#include "dialogs/MessageFormat.h"
 #include "formats/ExtractKeys.h"
 #include "formats/LearnTexts.h"
 #include "knowledge/Formats.h"
@@ -101,7 +102,7 @@ void LearnFormat::start(std::string_view text, std::string_view cString, std::st
     dateForm_ = LearnDateForm{};
     dateForm_.dateView.assign(text.substr(earliest ? lineStartBefore(text, *earliest) : 0));
     dateForm_.matchView.assign(text);
-    dateForm_.title = text::filledIn(text::learnDateTitle, formatName_);
+    dateForm_.title = formatMessage(text::learnDateTitle, formatName_);
     format_.clear();
     stage_ = Stage::date;
     backPushFormatOnlyForWindow(Stage::date);

@@ -3,6 +3,7 @@
 // Yes and No, which walk nested lists; the lists that branched wait on a stack.
 
 #include "context/Context.h"
+#include "dialogs/MessageFormat.h"
 #include "formats/ExtractKeys.h"
 #include "formats/LearnFormat.h"
 #include "formats/LearnTexts.h"
@@ -49,7 +50,7 @@ void LearnFormat::ok2() {
     questionForm_.securityVisible = false;
     questionForm_.securityText.clear();
     questionForm_.fieldMatchSummary.clear();
-    questionForm_.title = text::filledIn(text::learnTitle, dateForm_.type().title, formatName_);
+    questionForm_.title = formatMessage(text::learnTitle, {dateForm_.type().title, formatName_});
     stage_ = Stage::questions;
     // Nothing to ask: the layout and the date are the whole format.
     if (table.empty())
@@ -184,12 +185,12 @@ bool LearnFormat::answerColumn() {
     }
     std::string& title = questionForm_.columnTitles[*column];
     if (!title.empty() && title != text::fieldMatchMark) {
-        refuse(text::columnAlreadyUsedTitle, text::filledIn(text::columnAlreadyUsed, title));
+        refuse(text::columnAlreadyUsedTitle, formatMessage(text::columnAlreadyUsed, title));
         return false;
     }
     const std::string field = textOf(currentQuestion_, q::Field);
     format_.insert_or_assign(field, Value(static_cast<std::int64_t>(*column)));
-    title = title.empty() ? field : text::filledIn(text::twoTitles, text::fieldMatchMark, field);
+    title = title.empty() ? field : formatMessage(text::twoTitles, {text::fieldMatchMark, field});
     return true;
 }
 
@@ -204,8 +205,7 @@ bool LearnFormat::answerFieldMatch() {
         return true;
     }
     const std::string key = textOf(currentQuestion_, q::FieldMatch);
-    const std::string entry =
-        spacedKey(text::filledIn(text::fieldMatchEntry, key)) + selected->text;
+    const std::string entry = spacedKey(formatMessage(text::fieldMatchEntry, key)) + selected->text;
     std::string& summary = questionForm_.fieldMatchSummary;
     summary += (summary.empty() ? "" : std::string(text::fieldMatchSeparator)) + entry;
     format_.insert_or_assign(key, Value(selected->text));
@@ -213,7 +213,7 @@ bool LearnFormat::answerFieldMatch() {
     if (title.empty())
         title = text::fieldMatchMark;
     else if (!startsWith(title, text::fieldMatchMark))
-        title = text::filledIn(text::twoTitles, text::fieldMatchMark, title);
+        title = formatMessage(text::twoTitles, {text::fieldMatchMark, title});
     return true;
 }
 

@@ -43,19 +43,6 @@ inline constexpr std::string_view twoTitles = "%@ & %@";
 inline constexpr std::string_view fieldMatchEntry = "%@: ";
 inline constexpr std::string_view fieldMatchSeparator = "  |  ";
 
-// Each "%@" in turn replaced by the next argument.
-inline std::string filledIn(std::string_view format, std::string_view first,
-                            std::string_view second = {}) {
-    std::string out(format);
-    for (std::string_view argument : {first, second}) {
-        const std::size_t at = out.find("%@");
-        if (at == std::string::npos)
-            break;
-        out.replace(at, 2, argument);
-    }
-    return out;
-}
-
 } // namespace tavvel::text
 
 namespace tavvel::questionkey {

@@ -1,5 +1,6 @@
 #include "forms/ConfirmForm.h"
 
+#include "dialogs/MessageFormat.h"
 #include "forms/CategoryWarning.h"
 #include "forms/ConfirmFormTexts.h"
 #include "knowledge/Categories.h"
@@ -9,18 +10,6 @@
 namespace tavvel {
 
 namespace {
-
-std::string withArguments(std::string_view format, std::string_view first,
-                          std::string_view second = {}) {
-    std::string out(format);
-    for (std::string_view argument : {first, second}) {
-        std::size_t at = out.find("%@");
-        if (at == std::string::npos)
-            break;
-        out.replace(at, 2, argument);
-    }
-    return out;
-}
 
 Dictionary split(std::string category, std::string memo, std::string amount) {
     return Dictionary{{"category", Value(std::move(category))},
@@ -45,7 +34,7 @@ void ConfirmForm::makePrompt() {
     bool hasSplits = splits_ && !splits_->empty();
     if (optionOn(prefs_, option::baseCategoriesOnCategories) && setup_.recordHasCategory &&
         !hasSplits) {
-        prompt_ = withArguments(text::confirmCategoryPrompt, setup_.mustConfirm
+        prompt_ = formatMessage(text::confirmCategoryPrompt, setup_.mustConfirm
                                                                  ? text::allTransactions
                                                                  : text::transactionsWithCategory);
         return;
@@ -53,8 +42,8 @@ void ConfirmForm::makePrompt() {
     std::string_view which = setup_.mustConfirm               ? text::allTransactions
                              : setup_.splitInstructionConfirm ? text::transactionsWithSplitCategory
                                                               : text::transactionsWithDescription;
-    prompt_ = withArguments(text::confirmPrompt, which,
-                            hasSplits ? text::orInSplits : text::memoOrCategory);
+    prompt_ = formatMessage(text::confirmPrompt,
+                            {which, hasSplits ? text::orInSplits : text::memoOrCategory});
 }
 
 std::string ConfirmForm::title() const {
@@ -64,7 +53,7 @@ std::string ConfirmForm::title() const {
 std::string ConfirmForm::dateText() const {
     if (date_ == setup_.recordDate)
         return date_;
-    return withArguments(text::willUse, setup_.recordDate, date_);
+    return formatMessage(text::willUse, {setup_.recordDate, date_});
 }
 
 bool ConfirmForm::setDescription(std::string text) {

@@ -1,6 +1,6 @@
 #include "forms/EditFormats.h"
 
-#include "knowledge/FillIn.h"
+#include "dialogs/MessageFormat.h"
 #include "knowledge/KnowledgeKeys.h"
 #include "knowledge/KnowledgeTexts.h"
 
@@ -22,9 +22,9 @@ bool EditFormats::extractFormatExistsWithName(std::string_view name) const {
 }
 
 std::string EditFormats::nameForDuplicateOf(std::string_view name) const {
-    std::string candidate = fillIn(text::formatCopyName, {name});
+    std::string candidate = formatMessage(text::formatCopyName, {name});
     for (int n = 2; extractFormatExistsWithName(candidate); ++n)
-        candidate = fillIn(text::formatNumberedCopyName, {name, std::to_string(n)});
+        candidate = formatMessage(text::formatNumberedCopyName, {name, std::to_string(n)});
     return candidate;
 }
 

@@ -1,7 +1,7 @@
 #include "knowledge/Categories.h"
 
 #include "dialogs/Dialogs.h"
-#include "knowledge/FillIn.h"
+#include "dialogs/MessageFormat.h"
 #include "knowledge/KnowledgeKeys.h"
 #include "knowledge/KnowledgeTexts.h"
 #include "knowledge/StoredList.h"
@@ -42,8 +42,8 @@ bool Categories::transferIsKnown(std::string_view category) const {
 bool Categories::doAddCategory(std::string_view category, std::string_view bracketErrorMsg,
                                Dialogs& dialogs) {
     if (category.starts_with('[') && !transferIsKnown(category)) {
-        dialogs.alert(fillIn(text::badCategoryTitle, {category}),
-                      fillIn(bracketErrorMsg, {category}));
+        dialogs.alert(formatMessage(text::badCategoryTitle, {category}),
+                      formatMessage(bracketErrorMsg, {category}));
         return false;
     }
     if (category.empty() || indexOfCategory(category) >= 0)

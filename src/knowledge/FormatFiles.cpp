@@ -1,7 +1,7 @@
 #include "knowledge/FormatFiles.h"
 
 #include "dialogs/Dialogs.h"
-#include "knowledge/FillIn.h"
+#include "dialogs/MessageFormat.h"
 #include "knowledge/Formats.h"
 #include "knowledge/KnowledgeKeys.h"
 #include "knowledge/KnowledgeTexts.h"
@@ -66,7 +66,7 @@ bool isFormatFile(const std::filesystem::path& file) {
 }
 
 std::string suggestedFormatFileName(std::string_view formatName) {
-    return fillIn(text::formatFileName, {formatName});
+    return formatMessage(text::formatFileName, {formatName});
 }
 
 std::filesystem::path formatFileFolder(const TvPrefs& prefs) {
@@ -80,7 +80,7 @@ bool exportFormat(const Formats& formats, std::string_view name, const std::file
     if (!record || !writeFormatFile(file, *record))
         return false;
     dialogs.alert(std::string(text::formatExportedTitle),
-                  fillIn(text::formatExportedText, {name, file.string()}));
+                  formatMessage(text::formatExportedText, {name, file.string()}));
     return true;
 }
 
@@ -89,7 +89,7 @@ ImportOutcome importFormatFile(Formats& formats, const std::filesystem::path& fi
     FormatFileRead read = readFormatFile(file);
     if (!read.record) {
         dialogs.alert(std::string(text::formatNotImportedTitle),
-                      fillIn(text::formatNotImportedText, {file.string(), read.problem}));
+                      formatMessage(text::formatNotImportedText, {file.string(), read.problem}));
         return ImportOutcome::Refused;
     }
     RenameFormatForm form(textOf(*read.record, fmtkey::Name), [&](std::string_view name) {
@@ -100,7 +100,7 @@ ImportOutcome importFormatFile(Formats& formats, const std::filesystem::path& fi
     read.record->insert_or_assign(std::string(fmtkey::Name), Value(form.name()));
     formats.addFormat(*read.record);
     dialogs.alert(std::string(text::formatImportedTitle),
-                  fillIn(text::formatImportedText, {form.name(), file.string()}));
+                  formatMessage(text::formatImportedText, {form.name(), file.string()}));
     return ImportOutcome::Imported;
 }
 

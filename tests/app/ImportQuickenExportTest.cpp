@@ -1,7 +1,7 @@
-#include "app/AppTexts.h"
-#include "app/Format.h"
 #include "app/ImportQuickenExport.h"
 
+#include "app/AppTexts.h"
+#include "dialogs/MessageFormat.h"
 #include "prefs/Settings.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TestContext.h"
