@@ -11,20 +11,12 @@
 #include "knowledge/Formats.h"
 #include "knowledge/KnowledgeListing.h"
 
-#include <cctype>
 #include <filesystem>
 #include <iostream>
 
 using namespace tavvel;
 
 namespace {
-
-bool isFormatFile(const std::string& file) {
-    std::string extension = std::filesystem::path(file).extension().string();
-    for (char& c : extension)
-        c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-    return extension == ".tvfm";
-}
 
 // --list, --export-format and opening a .tvfm file: the exit status, or nothing when the
 // command line asked for none of them.
