@@ -5,6 +5,7 @@
 #include "context/Context.h"
 #include "formats/ExtractKeys.h"
 #include "formats/LearnFormat.h"
+#include "formats/LearnKeys.h"
 #include "formats/LearnTexts.h"
 #include "prefs/Configuration.h"
 
