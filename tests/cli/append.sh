@@ -10,7 +10,8 @@ first_start
 printf '%s\n' '!Option:AutoSwitch' '!Account' 'NChecking' 'TBank' '^' 'NEveryday' 'TBank' '^' \
     'NVisa' 'TCCard' '^' '!Clear:AutoSwitch' >"$tmp/accounts.qif"
 run 1 --batch "$tmp/accounts.qif"
-said "contains a list of ACCOUNTS." "-> YES" "== No Transactions =="
+said 'File "accounts.qif" contains a list of ACCOUNTS.  Do you want Tavvel to replace the accounts it uses with this list?' "-> YES" \
+    "== No Transactions =="
 printf 'OFXHEADER:100\n\n<OFX><BANKMSGSRSV1><ACCTID>000123\n<STMTTRN><DTPOSTED>20240131<TRNAMT>-12.00<NAME>SHOP</STMTTRN>\n<STMTTRN><DTPOSTED>20240201<TRNAMT>100.00<NAME>PAY</STMTTRN>\n</BANKMSGSRSV1></OFX>\n' \
     >"$tmp/bank.ofx"
 run 0 --set append
