@@ -148,14 +148,19 @@ bool endsWith(const fs::path& file, std::string_view ending) {
            name.compare(name.size() - ending.size(), ending.size(), ending) == 0;
 }
 
-// Scenario files and terminal tests write "\r" and "\n" for line breaks.
+// Scenario files and terminal tests write "\r" and "\n" for line breaks, and a terminal test
+// continues a long text on the next line after a backslash.
 std::string withEscapesRead(const std::string& text) {
     std::string out;
-    for (std::size_t i = 0; i < text.size(); ++i)
-        out += text[i] == '\\' && i + 1 < text.size() &&
-                       std::string_view("rn\"").find(text[i + 1]) != std::string_view::npos
-                   ? escaped(text[++i])
-                   : text[i];
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const char next = i + 1 < text.size() ? text[i + 1] : '\0';
+        if (text[i] != '\\' || std::string_view("rn\"\n").find(next) == std::string_view::npos)
+            out += text[i];
+        else if (next != '\n')
+            out += escaped(text[++i]);
+        else
+            ++i;
+    }
     return out;
 }
 
@@ -222,16 +227,12 @@ const std::set<std::string, std::less<>> notYetPinned{
     "noCategories",
     "needSecurities",
     "appendTo",
-    "continuationNotCreatedTitle",
     "continuationCancelled",
-    "continuationCreated",
-    "continuationFailed",
     "continuationFormatGone",
     "noInstructionPrompt",
     "noTextSelectedTitle",
     "fieldMatchSeparator",
     "dontWarnAgain",
-    "cancelQuestion",
     "finishNowButton",
     "goOnButton",
     "alwaysDoThis",
