@@ -241,8 +241,6 @@ const std::set<std::string, std::less<>> notYetPinned{
     "formatDuplicateName",
     "renameFormatPrompt",
     "transactionsWithSplitCategory",
-    "noAccountsTitle",
-    "noAccounts",
     "fileSelectedAfterProcessItem",
     "fileSelectedAfterProcessField",
     "hintSpecifyAccount",
