@@ -238,10 +238,7 @@ const std::set<std::string, std::less<>> notYetPinned{
     "assumedSecurityColumn",
     "transactionsWithSplitCategory",
     "fileSelectedAfterProcessItem",
-    "fileSelectedAfterProcessField",
-    "hintSpecifyAccount",
     "hintNoAccountOfType",
-    "hintAccountNotInFormat",
     "invalidRangeWarning",
     "processButton",
 };
