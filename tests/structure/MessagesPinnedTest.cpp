@@ -225,7 +225,6 @@ const std::set<std::string, std::less<>> notYetPinned{
     "appendTo",
     "continuationCancelled",
     "continuationFormatGone",
-    "noInstructionPrompt",
     "noTextSelectedTitle",
     "fieldMatchSeparator",
     "dontWarnAgain",
