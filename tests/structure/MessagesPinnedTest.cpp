@@ -223,7 +223,6 @@ const std::set<std::string, std::less<>> notYetPinned{
     "noCategories",
     "needSecurities",
     "appendTo",
-    "continuationCancelled",
     "continuationFormatGone",
     "noTextSelectedTitle",
     "fieldMatchSeparator",
