@@ -224,19 +224,7 @@ const std::set<std::string, std::less<>> notYetPinned{
     "appendTo",
     "noTextSelectedTitle",
     "fieldMatchSeparator",
-    "dontWarnAgain",
-    "finishNowButton",
-    "goOnButton",
-    "alwaysDoThis",
-    "saveButton",
-    "statementTypeColumn",
-    "actionColumn",
-    "assumedSecurityColumn",
-    "transactionsWithSplitCategory",
-    "fileSelectedAfterProcessItem",
     "hintNoAccountOfType",
-    "invalidRangeWarning",
-    "processButton",
 };
 
 TEST(Messages, EveryShownTextIsWrittenOutInATest) {
