@@ -2,6 +2,7 @@
 
 #include "TerminalConfirmForm.h"
 #include "TerminalInstructionForm.h"
+#include "dialogs/DialogTexts.h"
 #include "dialogs/DisplayText.h"
 
 #include <filesystem>
@@ -93,7 +94,7 @@ ErrorWarningAnswer TerminalDialogs::errorWarning(const std::string& message,
 }
 
 CancelAnswer TerminalDialogs::cancelQuestion() {
-    printMessage("Cancel", "Stop now, or keep what is done so far to finish later?");
+    printMessage(std::string(text::cancelQuestionTitle), std::string(text::cancelQuestion));
     const char* choices[] = {"Stop now (nothing is written)",
                              "Finish later (save a continuation file)", "Go on", "Always stop now",
                              "Always finish later"};

@@ -6,6 +6,7 @@
 #include "dialogs/MessageFormat.h"
 #include "formats/ExtractKeys.h"
 #include "formats/LearnFormat.h"
+#include "formats/LearnKeys.h"
 #include "formats/LearnTexts.h"
 #include "prefs/Configuration.h"
 

@@ -1,6 +1,6 @@
 #pragma once
-// What the dialogue that learns an input format says, word for word, and the keys of its
-// question tables.
+// What the dialogue that learns an input format says, word for word; the keys of its question
+// tables are in LearnKeys.h.
 
 #include <string>
 #include <string_view>
@@ -44,23 +44,3 @@ inline constexpr std::string_view fieldMatchEntry = "%@: ";
 inline constexpr std::string_view fieldMatchSeparator = "  |  ";
 
 } // namespace tavvel::text
-
-namespace tavvel::questionkey {
-
-inline constexpr std::string_view Prompt = "Prompt";
-inline constexpr std::string_view Field = "Field";
-inline constexpr std::string_view FieldMatch = "FieldMatch";
-inline constexpr std::string_view Error = "Error";
-inline constexpr std::string_view Yes = "Yes";
-inline constexpr std::string_view No = "No";
-inline constexpr std::string_view InvertAmount = "InvertAmount";
-inline constexpr std::string_view CheckSharesOrPrice = "CheckSharesOrPrice";
-inline constexpr std::string_view CheckSecurity = "CheckSecurity";
-inline constexpr std::string_view Stop = "Stop";
-inline constexpr std::string_view Done = "Done";
-
-// The wrapping of a question list being walked.
-inline constexpr std::string_view questions = "questions";
-inline constexpr std::string_view index = "index";
-
-} // namespace tavvel::questionkey

@@ -141,13 +141,13 @@ TEST(Continuation, FilesThatCannotBeResumedAreRefused) {
     };
     Dictionary noAccount = good;
     noAccount.erase("account");
-    const std::string damaged = "is damaged: it does not hold the run that was stopped, so it "
+    const std::string damaged = " is damaged: it does not hold the run that was stopped, so it "
                                 "cannot be resumed.";
     struct Case {
         std::string name, bytes, text;
     } cases[] = {
         {"junk.tvcn", std::string("\x01\x02garbage\xff", 11),
-         "cannot be read as a continuation file; it cannot be processed.  Open the .tvcn file "
+         " cannot be read as a continuation file; it cannot be processed.  Open the .tvcn file "
          "that Tavvel saved when you chose to finish later."},
         {"list.tvcn", encodePropertyList(Value(Array{Value("x")})), damaged},
         {"short.tvcn", encodePropertyList(Value(noAccount)), damaged},
@@ -160,7 +160,7 @@ TEST(Continuation, FilesThatCannotBeResumedAreRefused) {
          damaged},
         {"type.tvcn", encodePropertyList(with("inputTypeTag", Value(2))), damaged},
         {"gone.tvcn", encodePropertyList(with("outputFormatText", Value("Deleted Layout"))),
-         "was stopped with an output format that no longer exists, so it cannot be resumed.  "
+         " was stopped with an output format that no longer exists, so it cannot be resumed.  "
          "Create the output format again under its old name, then open the file again."},
     };
     ASSERT_TRUE(writeFileAtomically(desk.path("good.tvcn"), encodePropertyList(Value(good))));
@@ -172,7 +172,7 @@ TEST(Continuation, FilesThatCannotBeResumedAreRefused) {
         Controller controller(desk.t.ctx, desk.dialogs);
         EXPECT_EQ(controller.actuallyProcessFile(desk.path(c.name)), Intake::refused);
         EXPECT_FALSE(controller.continuationData);
-        EXPECT_EQ(desk.dialogs.last().text, "Continuation file \"" + c.name + "\" " + c.text);
+        EXPECT_EQ(desk.dialogs.last().text, "Continuation file \"" + c.name + "\"" + c.text);
         EXPECT_FALSE(desk.t.ctx.processing);
     }
 }

@@ -18,7 +18,10 @@ well_formed() {
 printf '!Type:Bank\nD1/02/2024\nT-5.00\nPCAF\xC9 ROYAL\n^\n' >"$tmp/latin1.qif"
 printf '%s\n' 'category Dining' save | "$cli" -o "$tmp/latin1-out.qif" "$tmp/latin1.qif" \
     >"$tmp/out" 2>"$tmp/err" || fail "interactive run failed: $(cat "$tmp/err")"
-said "== Create New Instruction ==" '1 transaction output to file "latin1-out.qif".'
+said "== Create New Instruction ==" '1 transaction output to file "latin1-out.qif".' \
+    "The transaction shown above does not match any instruction that Tavvel already knows \
+about.  Please specify how you would like transactions matching this description to be \
+handled in the future."
 well_formed
 grep -qF '<string>CAFÉ ROYAL</string>' "$prefs" || fail "the match text is not stored as UTF-8"
 

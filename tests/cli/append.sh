@@ -7,10 +7,24 @@
 source "$(dirname "$0")/lib/setup.bash" "$1"
 first_start
 
+# Appending needs the accounts: with none known the run stops at once and says how to get them.
+printf '%s\n' '!Type:Bank' 'D1/02/2024' 'T-8.50' 'PSHOP' '^' >"$tmp/bank.qif"
+run 0 --set append
+run 1 --batch -o "$tmp/none.qif" "$tmp/bank.qif"
+said "== No Accounts ==" "You specified in the preferences that you wanted the option to append \
+your transactions to your previous file. To do this Tavvel must know the account names(s) that \
+will be meaningful to your financial software. If possible, you should export your Accounts \
+from your financial software into a QIF file, and then open the resulting file with Tavvel \
+before proceeding. Alternatively you can use the Edit->Accounts function to enter account \
+names and types yourself."
+[ ! -e "$tmp/none.qif" ] || fail "a run without accounts wrote a file"
+run 0 --unset append
+
 printf '%s\n' '!Option:AutoSwitch' '!Account' 'NChecking' 'TBank' '^' 'NEveryday' 'TBank' '^' \
     'NVisa' 'TCCard' '^' '!Clear:AutoSwitch' >"$tmp/accounts.qif"
 run 1 --batch "$tmp/accounts.qif"
-said "contains a list of ACCOUNTS." "-> YES" "== No Transactions =="
+said 'File "accounts.qif" contains a list of ACCOUNTS.  Do you want Tavvel to replace the accounts it uses with this list?' "-> YES" \
+    "== No Transactions =="
 printf 'OFXHEADER:100\n\n<OFX><BANKMSGSRSV1><ACCTID>000123\n<STMTTRN><DTPOSTED>20240131<TRNAMT>-12.00<NAME>SHOP</STMTTRN>\n<STMTTRN><DTPOSTED>20240201<TRNAMT>100.00<NAME>PAY</STMTTRN>\n</BANKMSGSRSV1></OFX>\n' \
     >"$tmp/bank.ofx"
 run 0 --set append

@@ -29,12 +29,16 @@ grep -qF "Input format \"Visa\" imported from file \"$tmp/visa.tvfm'." <<<"$out"
 out=$(printf 'Visa Card\n' | "$cli" "$tmp/visa.tvfm" 2>&1)
 grep -qF "Input format \"Visa Card\" imported" <<<"$out" || fail "typed name not taken: $out"
 out=$(printf '.\n' | "$cli" "$tmp/visa.tvfm" 2>&1)
-grep -qF "An input format with this name exists" <<<"$out" || fail "duplicate name not noted"
+grep -qF "== Name of the imported input format: ==" <<<"$out" || fail "name not asked: $out"
+grep -qF "An input format with this name exists already; importing replaces it." <<<"$out" ||
+    fail "duplicate name not noted"
 [ "$("$cli" --batch --list formats </dev/null)" = "$(printf 'Visa\nVisa Card')" ] ||
     fail "cancelled import changed the store"
 
 out=$("$cli" --batch --export-format "visa card" "$tmp/out.tvfm" </dev/null 2>&1)
 grep -qF "== Input Format Exported ==" <<<"$out" || fail "export not reported"
+grep -qF "Input format \"visa card\" saved in file \"$tmp/out.tvfm'." <<<"$out" ||
+    fail "export text: $out"
 grep -qF "<string>Visa Card</string>" "$tmp/out.tvfm" || fail "exported file lacks the record"
 grep -qF "<string>VISA STATEMENT</string>" "$tmp/out.tvfm" || fail "exported record incomplete"
 if "$cli" --batch --export-format Amex "$tmp/amex.tvfm" </dev/null 2>"$tmp/err"; then
@@ -45,7 +49,8 @@ grep -qF "no input format named \"Amex\"" "$tmp/err" || fail "unknown format not
 echo "not a property list" >"$tmp/bad.tvfm"
 cp "$prefs" "$tmp/before"
 if out=$("$cli" --batch "$tmp/bad.tvfm" </dev/null 2>&1); then fail "bad file accepted"; fi
-grep -qF "it is not a property list" <<<"$out" || fail "bad file reason: $out"
+grep -qF "The file \"$tmp/bad.tvfm\" does not hold an input format (it is not a property list), \
+so nothing was imported." <<<"$out" || fail "bad file reason: $out"
 cmp -s "$prefs" "$tmp/before" || fail "bad file changed the store"
 if "$cli" --list payees >/dev/null 2>&1; then fail "unknown list accepted"; fi
 echo "format files: ok"

@@ -28,6 +28,11 @@ grep -qF PPAYROLL "$tmp/once.qif" || fail "the run in one go wrote $(cat "$tmp/o
 # Two confirmed, then finish later; nothing is written to the output.
 answer 1 shop.qif later.qif ok ok cancel 2
 [ ! -e "$tmp/later.qif" ] || fail "finishing later wrote the output"
+said "== Cancel ==" "Stop now, or keep what is done so far to finish later?"
+said_whole "No transactions were placed in the output file.\r\rA continuation file with both your \
+processed and unprocessed transactions was created.  You can open it later with Tavvel to \
+finish processing your transactions and place all of them in the output file you choose when \
+you continue."
 mv "$tmp/work/shop.tvcn" "$tmp/stopped.tvcn"
 
 # The options the continuation fixes are refused, and the file stays as it was.
@@ -54,6 +59,15 @@ answer 1 stopped.tvcn again.qif ok cancel 2
 (cd "$tmp/work" && "$cli" --batch -o "$tmp/again.qif" "$tmp/work/stopped.tvcn" </dev/null \
     >"$tmp/out" 2>"$tmp/err") || fail "the batch resume failed: $(cat "$tmp/err")"
 cmp "$tmp/once.qif" "$tmp/again.qif" >&2 || fail "the twice-resumed run wrote other bytes"
+
+# A continuation file that cannot be saved (a folder holds its name) leaves nothing written.
+mkdir "$tmp/work/shop.tvcn"
+answer 1 shop.qif blocked.qif ok cancel 2
+said "== Continuation File Not Created =="
+said_whole "No transactions were placed in the output file.\r\rThe continuation file could not be \
+created because of an unknown error."
+[ ! -e "$tmp/blocked.qif" ] || fail "a continuation that was not saved wrote the output"
+rmdir "$tmp/work/shop.tvcn"
 
 # A continuation file that cannot be decoded, or holds no stopped run, starts nothing.
 printf 'not a property list\n' >"$tmp/junk.tvcn"

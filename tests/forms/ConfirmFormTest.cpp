@@ -32,6 +32,13 @@ TEST_F(ConfirmFormTest, PromptsByWhatAskedForConfirmation) {
     EXPECT_EQ(form.prompt(), "You asked to confirm all transactions.  You can change the "
                              "description or category/memo in the splits for this transaction "
                              "only.");
+    setup.mustConfirm = false;
+    setup.splitInstructionConfirm = true;
+    form.fill(setup);
+    EXPECT_EQ(form.prompt(), "You asked to confirm transactions with the category in one of the "
+                             "splits.  You can change the description or category/memo in the "
+                             "splits for this transaction only.");
+    setup.splitInstructionConfirm = false;
     addOption(prefs, option::baseCategoriesOnCategories);
     setup.splits.reset();
     setup.mustConfirm = false;

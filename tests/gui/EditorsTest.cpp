@@ -206,8 +206,11 @@ private slots:
             button(d, QStringLiteral("Remove"))->click();
             return int(QDialog::Accepted);
         });
-        dialogs.then([](QDialog& d) {
+        QStringList typeHeaders;
+        dialogs.then([&typeHeaders](QDialog& d) {
             auto* table = d.findChild<QTableWidget*>();
+            for (int c = 0; c < table->columnCount(); ++c)
+                typeHeaders << table->horizontalHeaderItem(c)->text();
             table->selectRow(0);
             button(d, QStringLiteral("Remove"))->click();
             return int(QDialog::Rejected);
@@ -220,6 +223,7 @@ private slots:
         QCOMPARE(dialogs.titles, (QStringList{"Delete Securities For Input Format: Broker",
                                               "Delete Types For Input Format: Broker"}));
         QCOMPARE(headers, (QStringList{"Statement Security", "Security"}));
+        QCOMPARE(typeHeaders, (QStringList{"Statement Type", "Action", "Assumed Security"}));
         QVERIFY(!addShown);
         QVERIFY(!editable);
         EditFormats editor(prefs());

@@ -218,6 +218,9 @@ private slots:
         test::press(asRead, QStringLiteral("Output As Read"));
         QCOMPARE(static_cast<int>(asRead.action()),
                  static_cast<int>(NewInstructionAction::useAsRead));
+        gui::NewInstructionDialog save(form, prefs(), nullptr);
+        QCOMPARE(test::press(save, QStringLiteral("Save")), int(QDialog::Accepted));
+        QCOMPARE(static_cast<int>(save.action()), static_cast<int>(NewInstructionAction::save));
         gui::NewInstructionDialog cancel(form, prefs(), nullptr);
         QCOMPARE(test::press(cancel, QStringLiteral("Cancel")), int(QDialog::Rejected));
         QCOMPARE(static_cast<int>(cancel.action()), static_cast<int>(NewInstructionAction::cancel));
@@ -225,19 +228,30 @@ private slots:
 
     void sharedQuestionsAnswerWhatWasPressed() {
         test::AnsweringDialogs dialogs(prefs());
-        dialogs.then([](QDialog& d) {
+        QStringList shown;
+        dialogs.then([&shown](QDialog& d) {
             auto* box = qobject_cast<QMessageBox*>(&d);
+            shown << box->text();
+            for (QAbstractButton* b : box->buttons())
+                shown << b->text();
+            shown << box->checkBox()->text();
             box->checkBox()->setChecked(true);
             return test::press(d, QStringLiteral("Finish Later"));
         });
         CancelAnswer cancel = dialogs.cancelQuestion();
         QCOMPARE(static_cast<int>(cancel.choice), static_cast<int>(CancelChoice::finishLater));
         QVERIFY(cancel.makePermanent);
+        shown.sort();
+        QCOMPARE(shown,
+                 (QStringList{"Always do this without asking", "Finish Later", "Finish Now",
+                              "Go On", "Stop now, or keep what is done so far to finish later?"}));
 
-        dialogs.then([](QDialog& d) {
+        QString checkText;
+        dialogs.then([&checkText](QDialog& d) {
             auto* box = qobject_cast<QMessageBox*>(&d);
             if (!box->checkBox())
                 return -1;
+            checkText = box->checkBox()->text();
             box->checkBox()->setChecked(true);
             return test::pressDefault(d);
         });
@@ -245,6 +259,7 @@ private slots:
             dialogs.errorWarning("Bad line: ", "xyz", "Skip Transaction", true);
         QVERIFY(warned.pressedButton);
         QVERIFY(warned.dontWarnAgain);
+        QCOMPARE(checkText, QStringLiteral("Don't warn again for this input format"));
 
         dialogs.then([](QDialog& d) { return test::press(d, QStringLiteral("NO")); });
         QCOMPARE(dialogs.ask("Question", "Really?", {"YES", "NO"}), std::size_t{1});

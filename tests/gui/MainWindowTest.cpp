@@ -94,6 +94,7 @@ private slots:
         RunForm& form = window->controller().form();
         QCOMPARE(process->isEnabled(), form.processEnabled());
         QVERIFY(process->isEnabled());
+        QCOMPARE(process->text(), QStringLiteral("Process Transactions"));
 
         child<QRadioButton>("range2")->click();
         QCOMPARE(form.whichTransactions, 2);
@@ -108,6 +109,7 @@ private slots:
         QVERIFY(!form.processEnabled());
         QVERIFY(!process->isEnabled());
         QVERIFY(child<QLabel>("invalidRange")->isVisible());
+        QCOMPARE(child<QLabel>("invalidRange")->text(), QStringLiteral("Invalid date range"));
 
         to->setText(QStringLiteral("5/9/24"));
         emit to->editingFinished();

@@ -396,7 +396,8 @@ void Scenario::script(const std::string& body) {
                                           : rest == "later" ? CancelChoice::finishLater
                                                             : CancelChoice::goOn);
         else if (verb == "save-continuation")
-            dialogs_.expectFile("save", continuation_.string());
+            dialogs_.expectFile("save", rest == "cancel" ? std::nullopt
+                                                         : std::optional(continuation_.string()));
         else if (verb == "error")
             dialogs_.expectErrorWarning(unescape(title), answer == "skip");
         else

@@ -33,6 +33,13 @@ said() {
     done
 }
 
+# said_whole TEXT: standard error of the last run holds the text whole, "\r" in it standing for
+# a line break (as the program's messages write them).
+said_whole() {
+    local text=${1//\\r/$'\n'}
+    [[ $(<"$tmp/err") == *"$text"* ]] || fail "standard error lacks '$text': $(cat "$tmp/err")"
+}
+
 # same FILE EXPECTED_TEXT: the file holds exactly the text.
 same() {
     [ -f "$1" ] || fail "no file $1"
