@@ -2,6 +2,7 @@
 
 #include "TerminalConfirmForm.h"
 #include "TerminalInstructionForm.h"
+#include "app/AppTexts.h"
 #include "dialogs/DialogTexts.h"
 #include "dialogs/DisplayText.h"
 
@@ -156,7 +157,7 @@ std::optional<std::string> TerminalDialogs::chooseFileToAppendTo(const FileChoic
         return outputPath_;
     if (batch_)
         return batch_->chooseFileToAppendTo(choice);
-    return readPath(choice.prompt.empty() ? "Append To" : choice.prompt, "");
+    return readPath(choice.prompt.empty() ? std::string(text::appendTo) : choice.prompt, "");
 }
 
 ConfirmAction TerminalDialogs::confirmTransaction(ConfirmForm& form) {
