@@ -8,8 +8,8 @@
 #include "DateOption.h"
 #include "app/Controller.h"
 #include "bank/QifInputTypes.h"
-#include "recognize/CaseFold.h"
 #include "prefs/OutputFormatting.h"
+#include "recognize/CaseFold.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -71,31 +71,55 @@ std::optional<int> ofxTypeIndex(std::string_view name) {
     return indexIn(names, name);
 }
 
-std::optional<std::string> checkRunOptions(const CliOptions& options) {
-    const RunOptions& run = options.run;
-    if ((run.setsForm() || run.output) && !options.inputFile)
-        return "the run options need a statement FILE to convert";
-    if (options.learn && !options.inputFile)
+namespace {
+
+std::optional<std::string> learnProblem(const CliOptions& options) {
+    if (!options.learn)
+        return std::nullopt;
+    if (!options.inputFile)
         return "--learn needs the text statement FILE to learn the input format from";
-    if (options.learn && run.inputFormat)
+    if (options.run.inputFormat)
         return "--learn and --input-format both name the run's input format; give one of them";
-    if (options.learn)
-        if (auto problem = oneLineProblem("--learn", *options.learn))
-            return problem;
+    return oneLineProblem("--learn", *options.learn);
+}
+
+std::optional<std::string> typeProblem(const RunOptions& run) {
     if (run.qifType && !qifTypeIndex(*run.qifType))
         return "--qif-type: \"" + *run.qifType + "\" is not one of " + joined(qifTypeNames());
     if (run.ofxType && !ofxTypeIndex(*run.ofxType))
         return "--ofx-type: \"" + *run.ofxType + "\" is not one of " + joined(kQfxInputTypes);
+    return std::nullopt;
+}
+
+std::optional<std::string> outputProblem(const RunOptions& run) {
     if (run.output && run.output->empty())
         return "-o needs a file name, or - for standard output";
     if (run.append && run.output == "-")
         return "--append needs an output file; standard output cannot be appended to";
+    return std::nullopt;
+}
+
+std::optional<std::string> fixedValueProblem(const RunOptions& run) {
     for (auto [option, text] : {std::pair{"--from", run.dateFrom}, std::pair{"--to", run.dateTo},
                                 std::pair{"--same-date", run.sameDate}})
         if (auto problem = dateShapeProblem(option, text))
             return problem;
     if (run.sameNumber)
         return oneLineProblem("--same-number", *run.sameNumber);
+    return std::nullopt;
+}
+
+} // namespace
+
+// The options' own problems, before any file is read, in the order they are reported.
+std::optional<std::string> checkRunOptions(const CliOptions& options) {
+    const RunOptions& run = options.run;
+    if ((run.setsForm() || run.output) && !options.inputFile)
+        return "the run options need a statement FILE to convert";
+    for (auto check :
+         {learnProblem(options), typeProblem(run), outputProblem(run), fixedValueProblem(run)})
+        if (check)
+            return check;
     return std::nullopt;
 }
 

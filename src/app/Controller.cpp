@@ -248,57 +248,76 @@ Intake Controller::classifyLineViews() {
 }
 
 Intake Controller::classifyQIF(std::size_t head) {
-    const auto from = [this](std::size_t i) {
-        return lines_.begin() + static_cast<std::ptrdiff_t>(i);
-    };
-    bool recordEnds = std::any_of(from(head), lines_.end(),
+    bool recordEnds = std::any_of(lines_.begin() + static_cast<std::ptrdiff_t>(head), lines_.end(),
                                   [](std::string_view l) { return l.empty() || l == "^"; });
     bool resuming = continuationData.has_value();
-    if (lines_[head] == "!Account") {
-        auto next = std::find(from(head + 1), lines_.end(), "!Account");
-        if (next != lines_.end() && !resuming)
-            return refuse(text::invalidInputTitle, text::multipleAccounts);
-        if (head + 1 < lines_.size())
-            account = std::string(
-                lines_[head + 1].substr(std::min<std::size_t>(1, lines_[head + 1].size())));
-        auto type = std::find_if(from(head + 1), lines_.end(), [](std::string_view l) {
-            return startsWith(l, "!Type") || startsWith(l, "!TYPE");
-        });
-        if (type == lines_.end() && !resuming)
-            return refuse(text::invalidInputTitle, text::noTransactionsInAccount);
-        if (type != lines_.end())
-            head = static_cast<std::size_t>(type - lines_.begin());
-    }
-    const std::string_view headLine = lines_[head];
-    if (!isQifHead(headLine, recordEnds))
+    if (lines_[head] == "!Account")
+        if (auto refused = enterAccount(head, resuming))
+            return *refused;
+    if (!isQifHead(lines_[head], recordEnds))
         return continuationData ? classifyUndecided() : extract();
+    return acceptQIF(head, recordEnds, resuming);
+}
+
+// An "!Account" block names the account and leads to the "!Type" line that heads its
+// transactions; several accounts, or none with transactions, are refused unless resuming.
+// Moves head to that "!Type" line; returns the refusal, if any.
+std::optional<Intake> Controller::enterAccount(std::size_t& head, bool resuming) {
+    const auto after = lines_.begin() + static_cast<std::ptrdiff_t>(head + 1);
+    if (!resuming && std::find(after, lines_.end(), "!Account") != lines_.end())
+        return refuse(text::invalidInputTitle, text::multipleAccounts);
+    if (head + 1 < lines_.size())
+        account =
+            std::string(lines_[head + 1].substr(std::min<std::size_t>(1, lines_[head + 1].size())));
+    auto type = std::find_if(after, lines_.end(), [](std::string_view l) {
+        return startsWith(l, "!Type") || startsWith(l, "!TYPE");
+    });
+    if (type != lines_.end())
+        head = static_cast<std::size_t>(type - lines_.begin());
+    else if (!resuming)
+        return refuse(text::invalidInputTitle, text::noTransactionsInAccount);
+    return std::nullopt;
+}
+
+// The input is QIF from head on: check the run may go ahead, take the account type from the
+// header and keep the lines that follow it.
+Intake Controller::acceptQIF(std::size_t head, bool recordEnds, bool resuming) {
     doingExtract = doingClipboard = false;
     if (!passesRunChecks())
         return Intake::refused;
-    std::size_t skip = head;
-    std::string shown = "Bank or Credit Card";
-    if (headLine == "!Type:Bank" || headLine == "!Type:CCard") {
-        ctx_.gType = headLine == "!Type:Bank" ? kTypeBank : kTypeCreditCard;
-        shown = ctx_.gType == kTypeBank ? "Bank" : "Credit Card";
-        skip = head + 1;
-    } else if (headLine == "!Type:Invst") {
-        if (!resuming)
-            return refuse(text::invalidInputTitle, text::investmentQif);
-        shown = "Investment";
-    } else {
-        ctx_.gType = kTypeBankOrCreditCard;
-    }
+    const std::string_view headLine = lines_[head];
+    const bool investment = headLine == "!Type:Invst";
+    if (investment && !resuming)
+        return refuse(text::invalidInputTitle, text::investmentQif);
+    const bool bankOrCard = headLine == "!Type:Bank" || headLine == "!Type:CCard";
+    std::string shown = investment ? "Investment" : takeQifType(headLine);
     if (resuming)
         form_.qifType = 0;
-    int kind = headLine == "!Type:Invst" ? 2 : accountKindFor(ctx_.gType);
+    int kind = investment ? 2 : accountKindFor(ctx_.gType);
     form_.setInput({false, shown, kind, account});
-    fileAsLines.assign(from(skip), lines_.end());
+    std::size_t skip = bankOrCard ? head + 1 : head;
+    fileAsLines.assign(lines_.begin() + static_cast<std::ptrdiff_t>(skip), lines_.end());
     // A header vouches for QIF on its own; its last record then ends where the text ends.
     if (!recordEnds && !resuming)
         fileAsLines.emplace_back("^");
     skippedLines = skip;
     controlHelpAnchor = "QIF";
     return endClassification();
+}
+
+// Sets the account type a bank or credit card header names (either, without one) and returns
+// how the run form shows it.
+std::string Controller::takeQifType(std::string_view headLine) {
+    if (headLine == "!Type:Bank") {
+        ctx_.gType = kTypeBank;
+        return "Bank";
+    }
+    if (headLine == "!Type:CCard") {
+        ctx_.gType = kTypeCreditCard;
+        return "Credit Card";
+    }
+    ctx_.gType = kTypeBankOrCreditCard;
+    return "Bank or Credit Card";
 }
 
 // Whether the head line shows QIF: a header does by itself. Without one, a "^" line or a

@@ -117,6 +117,9 @@ private:
     Intake classifyLines();
     Intake classifyLineViews();
     Intake classifyQIF(std::size_t head);
+    std::optional<Intake> enterAccount(std::size_t& head, bool resuming);
+    Intake acceptQIF(std::size_t head, bool recordEnds, bool resuming);
+    std::string takeQifType(std::string_view headLine);
     bool isQifHead(std::string_view line, bool recordEnds) const;
     Intake extract();
     Intake endClassification();

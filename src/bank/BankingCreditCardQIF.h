@@ -126,6 +126,10 @@ private:
     void outputKept(const Prepared& p, Dictionary& record, std::string& output,
                     OutputFormats& writer, const WalkOptions& options);
     Step decide(Walk& walk, Prepared& p, Dictionary& record);
+    std::string descriptionToMatch(const Prepared& p) const;
+    std::optional<Dictionary> matchDescription(const Walk& walk, const std::string& text,
+                                               const std::string& memo) const;
+    Step followInstruction(Walk& walk, Prepared& p, Dictionary& record);
     Step confirm(Walk& walk, Prepared& p, Dictionary& record);
     ConfirmForm::Setup confirmSetup(const Walk& walk, const Prepared& p,
                                     const Dictionary& record) const;

@@ -132,24 +132,42 @@ bool onlyDigitsAnd(std::string_view text, char mark) {
 
 } // namespace
 
-std::optional<std::string> ofxAmount(std::string_view value) {
+namespace {
+
+std::string_view trimmedSpaces(std::string_view value) {
     while (!value.empty() && isSpaceByte(value.front()))
         value.remove_prefix(1);
     while (!value.empty() && isSpaceByte(value.back()))
         value.remove_suffix(1);
-    std::string out;
-    if (!value.empty() && (value.front() == '-' || value.front() == '+')) {
-        out += value.front();
-        value.remove_prefix(1);
-    }
+    return value;
+}
+
+// A leading sign, taken off the value.
+std::string takeSign(std::string_view& value) {
+    if (value.empty() || (value.front() != '-' && value.front() != '+'))
+        return {};
+    std::string sign(1, value.front());
+    value.remove_prefix(1);
+    return sign;
+}
+
+bool amountPartsValid(std::string_view whole, std::string_view fraction, char grouping) {
+    return onlyDigitsAnd(whole, grouping) && onlyDigitsAnd(fraction, '\0') &&
+           groupsOfThree(whole, grouping) && !(whole.empty() && fraction.empty());
+}
+
+} // namespace
+
+std::optional<std::string> ofxAmount(std::string_view value) {
+    value = trimmedSpaces(value);
+    std::string out = takeSign(value);
     // The last mark is the decimal mark; the other kind may group thousands before it.
     std::size_t decimal = value.find_last_of(".,");
     bool hasDecimal = decimal != std::string_view::npos;
     std::string_view whole = value.substr(0, hasDecimal ? decimal : value.size());
     std::string_view fraction = hasDecimal ? value.substr(decimal + 1) : std::string_view();
     char grouping = !hasDecimal ? '\0' : value[decimal] == '.' ? ',' : '.';
-    if (!onlyDigitsAnd(whole, grouping) || !onlyDigitsAnd(fraction, '\0') ||
-        !groupsOfThree(whole, grouping) || (whole.empty() && fraction.empty()))
+    if (!amountPartsValid(whole, fraction, grouping))
         return std::nullopt;
     for (char c : whole)
         if (c != grouping)

@@ -90,59 +90,85 @@ bool inAccountBlock(std::string_view line, bool& inAccount) {
     return true;
 }
 
+// What the walk over a register's lines carries from one line to the next.
+struct RegisterWalk {
+    bool caretEnds = false;
+    bool dayFirst = false;
+    std::string pattern;
+    Date fromDate, toDate;
+    Dictionary record;
+    PendingSplit split;
+    bool skipping = false;
+    bool inAccount = false;
+};
+
+// An empty line ends a record only in a file with no "^" at all; otherwise it is passed over.
+std::optional<std::string_view> lineAsRead(std::string_view line, bool caretEnds) {
+    if (!line.empty())
+        return line;
+    if (caretEnds)
+        return std::nullopt;
+    return "^";
+}
+
+// A D line: false when its date cannot be read. A date out of the range skips its record.
+bool readDateLine(std::string_view line, RegisterWalk& walk, const Context& ctx) {
+    auto day = readQifDate(line.substr(1), walk.dayFirst, ctx.config, ctx.clock);
+    if (!day)
+        return false;
+    Date date = TvDate().dateWithYear(day->year, day->month, day->day);
+    walk.skipping = date < walk.fromDate || date > walk.toDate;
+    if (!walk.skipping)
+        walk.record.insert_or_assign(std::string(txkey::date),
+                                     Value(formatDate(date, walk.pattern)));
+    return true;
+}
+
+// A field, the "^" that ends the record, or a split line.
+void collectLine(std::string_view line, RegisterWalk& walk, bool splitsOK,
+                 std::vector<Dictionary>& qif) {
+    if (auto key = keyFor(line.front())) {
+        std::string rest(line.substr(1));
+        if (*key == txkey::amount)
+            rest = convertEuropeanAmount(rest);
+        walk.record.insert_or_assign(std::string(*key), Value(std::move(rest)));
+        return;
+    }
+    if (line.front() == '^') {
+        endRecord(walk.record, walk.split, qif);
+        return;
+    }
+    if (splitsOK && (line.front() == 'S' || line.front() == 'E' || line.front() == '$'))
+        splitLine(line, walk.split);
+}
+
 } // namespace
 
 std::size_t BankingCreditCardQIF::fromQIFLines(const std::vector<std::string>& lines, Date fromDate,
                                                Date toDate) {
     startReading();
-    bool caretEnds = std::find(lines.begin(), lines.end(), "^") != lines.end();
-    bool dayFirst =
+    RegisterWalk walk;
+    walk.caretEnds = std::find(lines.begin(), lines.end(), "^") != lines.end();
+    walk.dayFirst =
         dayFirstDates.value_or(qifDateEvidence(lines, ctx_.config, ctx_.clock)
                                    .shownDayFirst()
                                    .value_or(optionOn(ctx_.prefs, option::europeanDates)));
-    std::string pattern = ctx_.output.longDatePattern();
-    Dictionary record;
-    PendingSplit split;
-    bool skipping = false;
-    bool inAccount = false;
+    walk.pattern = ctx_.output.longDatePattern();
+    walk.fromDate = fromDate;
+    walk.toDate = toDate;
     for (std::size_t i = 0; i < lines.size(); ++i) {
-        std::string_view line = lines[i];
-        if (line.empty()) {
-            if (caretEnds)
-                continue;
-            line = "^";
-        }
-        if (line.front() == ' ')
+        auto line = lineAsRead(lines[i], walk.caretEnds);
+        if (!line || line->front() == ' ' || inAccountBlock(*line, walk.inAccount))
             continue;
-        if (inAccountBlock(line, inAccount))
-            continue;
-        if (line.front() == 'D') {
-            auto day = readQifDate(line.substr(1), dayFirst, ctx_.config, ctx_.clock);
-            if (!day)
+        if (line->front() == 'D') {
+            if (!readDateLine(*line, walk, ctx_))
                 return i + 1;
-            Date date = TvDate().dateWithYear(day->year, day->month, day->day);
-            skipping = date < fromDate || date > toDate;
-            if (!skipping)
-                record.insert_or_assign(std::string(txkey::date), Value(formatDate(date, pattern)));
             continue;
         }
         // An out-of-range record's "^" is passed over too, so whatever it collected before
         // its D line carries into the next record: files have always been read that way.
-        if (skipping)
-            continue;
-        if (auto key = keyFor(line.front())) {
-            std::string rest(line.substr(1));
-            if (*key == txkey::amount)
-                rest = convertEuropeanAmount(rest);
-            record.insert_or_assign(std::string(*key), Value(std::move(rest)));
-            continue;
-        }
-        if (line.front() == '^') {
-            endRecord(record, split, qif);
-            continue;
-        }
-        if (splitsOK && (line.front() == 'S' || line.front() == 'E' || line.front() == '$'))
-            splitLine(line, split);
+        if (!walk.skipping)
+            collectLine(*line, walk, splitsOK, qif);
     }
     finishReading();
     return 0;

@@ -187,32 +187,50 @@ void BankingCreditCardQIF::outputWithInstruction(Walk& walk, const Prepared& p,
 
 BankingCreditCardQIF::Step BankingCreditCardQIF::decide(Walk& walk, Prepared& p,
                                                         Dictionary& record) {
-    const TvPrefs& prefs = ctx_.prefs;
     std::optional<Dictionary> found;
     std::optional<std::string> prompt;
     std::string matched;
-    if (optionOn(prefs, option::baseCategoriesOnCategories) && has(record, txkey::category)) {
+    if (optionOn(ctx_.prefs, option::baseCategoriesOnCategories) && has(record, txkey::category)) {
         matched = textOf(record, txkey::category);
         found = walk.instructions.instructionMatching(matched, ikey::categoryMatch);
     } else {
-        std::string text = p.description.value_or("");
-        if (optionOn(prefs, option::updateCategoryWhenDescriptionChanged) &&
-            !changedDescription.empty())
-            text = changedDescription;
-        std::string memo = p.memo.value_or("");
-        bool descriptionFirst = optionOn(prefs, option::matchDescriptionThenMemo);
-        bool memoFirst = !descriptionFirst && optionOn(prefs, option::matchMemoThenDescription);
-        const std::string& first = memoFirst ? memo : text;
-        found = walk.instructions.instructionMatching(first, ikey::descriptionMatch);
-        if (!found && (descriptionFirst || memoFirst))
-            found = walk.instructions.instructionMatching(memoFirst ? text : memo,
-                                                          ikey::descriptionMatch);
-        matched = text;
+        matched = descriptionToMatch(p);
+        found = matchDescription(walk, matched, p.memo.value_or(""));
         prompt = std::string(text::noInstructionPrompt);
     }
     if (!found)
         return newInstruction(walk, p, record, prompt, matched, false);
     instruction_ = *found;
+    return followInstruction(walk, p, record);
+}
+
+// The description an instruction is matched against: the one the user changed it to, when
+// the preferences say a changed description picks the category.
+std::string BankingCreditCardQIF::descriptionToMatch(const Prepared& p) const {
+    if (optionOn(ctx_.prefs, option::updateCategoryWhenDescriptionChanged) &&
+        !changedDescription.empty())
+        return changedDescription;
+    return p.description.value_or("");
+}
+
+// The instruction matching the description, or the memo, in the order the preferences give;
+// the second is tried only when the preferences ask for both.
+std::optional<Dictionary> BankingCreditCardQIF::matchDescription(const Walk& walk,
+                                                                 const std::string& text,
+                                                                 const std::string& memo) const {
+    bool descriptionFirst = optionOn(ctx_.prefs, option::matchDescriptionThenMemo);
+    bool memoFirst = !descriptionFirst && optionOn(ctx_.prefs, option::matchMemoThenDescription);
+    auto found =
+        walk.instructions.instructionMatching(memoFirst ? memo : text, ikey::descriptionMatch);
+    if (found || !(descriptionFirst || memoFirst))
+        return found;
+    return walk.instructions.instructionMatching(memoFirst ? text : memo, ikey::descriptionMatch);
+}
+
+// With the instruction found: its amount instruction, the splits to use, the check number,
+// then output at once or confirm first.
+BankingCreditCardQIF::Step BankingCreditCardQIF::followInstruction(Walk& walk, Prepared& p,
+                                                                   Dictionary& record) {
     const Dictionary* amount = Amounts::amountMatching(p.amount.value_or(""), instruction_);
     amountInstruction_ = amount ? std::optional<Dictionary>(*amount) : std::nullopt;
     const Value* chosen = has(record, txkey::userSplits) ? find(record, txkey::splits)
