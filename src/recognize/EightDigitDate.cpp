@@ -22,6 +22,12 @@ std::int64_t digitsAt(std::string_view text, std::size_t at, std::size_t count) 
     return value;
 }
 
+std::size_t digitsEnd(std::string_view text, std::size_t at) {
+    while (at < text.size() && isDigitByte(text[at]))
+        ++at;
+    return at;
+}
+
 // A decimal point between digits carries a number on past it.
 bool joinsDigits(std::string_view text, std::size_t dot) {
     return text[dot] == '.' && dot > 0 && isDigitByte(text[dot - 1]) &&
@@ -52,23 +58,14 @@ std::optional<DateNumbers> readEightDigitDate(std::string_view text, std::size_t
 }
 
 std::optional<std::size_t> findEightDigitDate(std::string_view text, std::size_t from) {
-    std::size_t begin = from;
     // A search that starts inside a number starts after it: its digits are not a number alone.
-    while (begin > 0 && begin < text.size() && isDigitByte(text[begin]) &&
-           isDigitByte(text[begin - 1]))
-        ++begin;
-    while (begin < text.size()) {
-        if (!isDigitByte(text[begin])) {
-            ++begin;
-            continue;
-        }
-        std::size_t end = begin;
-        while (end < text.size() && isDigitByte(text[end]))
-            ++end;
+    const bool insideNumber = from > 0 && from < text.size() && isDigitByte(text[from - 1]);
+    for (std::size_t begin = insideNumber ? digitsEnd(text, from) : from; begin < text.size();) {
+        const std::size_t end = digitsEnd(text, begin);
         if (end - begin == kEightDigitDateLength && standsAlone(text, begin, end) &&
             readEightDigitDate(text, begin))
             return begin;
-        begin = end;
+        begin = end == begin ? begin + 1 : end;
     }
     return std::nullopt;
 }
