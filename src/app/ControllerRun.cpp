@@ -73,7 +73,8 @@ Intake Controller::extract() {
     fileAsString.erase(0, fileAsString.find_first_not_of(" \t\r\n\f\v"));
     std::int64_t length = 0;
     if (!findDateSlash(fileAsString, length) && !findDateDash(fileAsString, length) &&
-        !findDateDot(fileAsString, length) && !findDateLong(fileAsString, length, ctx_.config))
+        !findDateDot(fileAsString, length) && !findDateLong(fileAsString, length, ctx_.config) &&
+        !findDateEightDigits(fileAsString, length))
         return refuse(text::invalidInputTitle, text::textWithoutDate);
     ctx_.processing = true;
     fillInTransactionPart();

@@ -45,6 +45,8 @@ std::optional<Recognised> recogniseDate(std::string_view selection, const Config
         return Recognised{*at, length, '.'};
     if (auto at = findDateLong(selection, length, config))
         return Recognised{*at, length, ','};
+    if (auto at = findDateEightDigits(selection, length))
+        return Recognised{*at, length, fmtkey::eightDigitDate};
     return std::nullopt;
 }
 

@@ -21,7 +21,7 @@ namespace {
 std::optional<std::size_t> earliestDate(std::string_view text) {
     std::optional<std::size_t> earliest;
     std::int64_t length = 0;
-    for (auto finder : {findDateSlash, findDateDash, findDateDot}) {
+    for (auto finder : {findDateSlash, findDateDash, findDateDot, findDateEightDigits}) {
         std::optional<std::size_t> at = finder(text, length);
         if (at && (!earliest || *at < *earliest))
             earliest = at;

@@ -1,7 +1,5 @@
 #include "formats/LearnForms.h"
 
-#include <algorithm>
-
 namespace tavvel {
 
 const std::string& PreviewTable::cell(std::size_t row, std::size_t column) const {
@@ -9,14 +7,6 @@ const std::string& PreviewTable::cell(std::size_t row, std::size_t column) const
     if (row >= rows.size() || column >= rows[row].size())
         return none;
     return rows[row][column];
-}
-
-std::vector<std::size_t> PreviewTable::widths() const {
-    std::vector<std::size_t> out(columns, 0);
-    for (const auto& row : rows)
-        for (std::size_t c = 0; c < row.size() && c < columns; ++c)
-            out[c] = std::max(out[c], row[c].size());
-    return out;
 }
 
 std::vector<std::size_t> lineStarts(std::string_view text) {

@@ -25,8 +25,6 @@ struct PreviewTable {
 
     // The cell, or "" where the row has fewer fields.
     const std::string& cell(std::size_t row, std::size_t column) const;
-    // The widest cell of each column, in bytes.
-    std::vector<std::size_t> widths() const;
 };
 
 // The offsets where the lines of a text begin; a line ends at LF, CR LF or a lone CR.

@@ -1,6 +1,7 @@
 #include "recognize/FindDate.h"
 
 #include "recognize/ByteClass.h"
+#include "recognize/EightDigitDate.h"
 #include "recognize/InputFormatKeys.h"
 #include "recognize/NumericDatePatterns.h"
 #include "recognize/ScanPattern.h"
@@ -106,6 +107,7 @@ public:
 
     std::optional<std::size_t> numeric();
     std::optional<std::size_t> wordMonth(const WordMonthDates& tables);
+    std::optional<std::size_t> eightDigits();
 
 private:
     bool measures(std::size_t dateStart);
@@ -163,6 +165,21 @@ std::optional<std::size_t> DateSearch::wordMonth(const WordMonthDates& tables) {
         std::optional<std::size_t> start = tracker_.before(text_, *candidate);
         if (start && endsRight(*start + 1) && standsRight(*start + 1))
             return accept(*start + 1);
+    }
+}
+
+// Eight digits take the place of the numbers that follow the start character, so the start
+// character must stand right before them.
+std::optional<std::size_t> DateSearch::eightDigits() {
+    length_ = static_cast<std::int64_t>(kEightDigitDateLength);
+    for (std::size_t from = 0;;) {
+        std::optional<std::size_t> candidate = findEightDigitDate(text_, from);
+        if (!candidate)
+            return std::nullopt;
+        from = *candidate + 1;
+        std::optional<std::size_t> start = tracker_.before(text_, *candidate);
+        if (start && *start + 1 == *candidate && endsRight(*candidate) && standsRight(*candidate))
+            return accept(*candidate);
     }
 }
 
@@ -261,6 +278,8 @@ std::optional<std::size_t> findDate(std::string_view text, std::int64_t& length,
     char delimiter = fmtkey::firstCharOf(format, fmtkey::DateDelimiter);
     if (delimiter == ',')
         return search.wordMonth(tables);
+    if (delimiter == fmtkey::eightDigitDate)
+        return search.eightDigits();
     // Any other delimiter can never yield a date.
     if (!numericDatePatterns(delimiter))
         return std::nullopt;
@@ -298,6 +317,13 @@ std::optional<std::size_t> findDateDash(std::string_view text, std::int64_t& len
 
 std::optional<std::size_t> findDateDot(std::string_view text, std::int64_t& length) {
     return findNumericDate(text, length, '.');
+}
+
+std::optional<std::size_t> findDateEightDigits(std::string_view text, std::int64_t& length) {
+    std::optional<std::size_t> at = findEightDigitDate(text);
+    if (at)
+        length = static_cast<std::int64_t>(kEightDigitDateLength);
+    return at;
 }
 
 } // namespace tavvel

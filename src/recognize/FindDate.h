@@ -40,4 +40,8 @@ std::optional<std::size_t> findDateSlash(std::string_view text, std::int64_t& le
 std::optional<std::size_t> findDateDash(std::string_view text, std::int64_t& length);
 std::optional<std::size_t> findDateDot(std::string_view text, std::int64_t& length);
 
+// The first date written as eight digits, year, month and day (recognize/EightDigitDate.h);
+// length 8. Eight digits that are no real date do not stop the search.
+std::optional<std::size_t> findDateEightDigits(std::string_view text, std::int64_t& length);
+
 } // namespace tavvel

@@ -18,6 +18,10 @@ inline constexpr std::string_view DayBeforeMonth = "DayBeforeMonth";
 inline constexpr std::string_view OFX = "OFX";
 inline constexpr std::string_view DateAfter = "DateAfter";
 
+// The DateDelimiter of dates written as eight digits with none, year, month and day
+// (20200213). No delimiter of a date is a digit, so no other format holds this one.
+inline constexpr char eightDigitDate = '8';
+
 // Only the first character of the one-character entries counts; an empty or missing entry
 // stands for the terminator, as it did when these were C strings.
 inline char firstCharOf(const Dictionary& format, std::string_view key) {

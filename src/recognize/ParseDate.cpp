@@ -1,6 +1,7 @@
 #include "recognize/ParseDate.h"
 
 #include "recognize/ByteClass.h"
+#include "recognize/EightDigitDate.h"
 #include "recognize/InputFormatKeys.h"
 #include "recognize/NumericDatePatterns.h"
 #include "recognize/ScanPattern.h"
@@ -75,6 +76,16 @@ bool parseNumericDate(std::string_view date, const NumericDatePatterns& patterns
     // month and day exchanged too, as formats learned that way have always been read.
     if (dayBeforeMonth)
         std::swap(month, day);
+    return true;
+}
+
+// The digits' order is fixed, year, month and day, so day-before-month does not apply.
+bool parseEightDigitDate(std::string_view date, char end, std::int64_t& month, std::int64_t& day,
+                         std::int64_t& year) {
+    const std::optional<DateNumbers> read = readEightDigitDate(date, 0);
+    if (!read || (date.size() > kEightDigitDateLength && date[kEightDigitDateLength] != end))
+        return false;
+    year = read->year, month = read->month, day = read->day;
     return true;
 }
 
@@ -164,6 +175,8 @@ bool parseDate(std::string_view date, const Dictionary& format, std::int64_t& mo
     const char delimiter = fmtkey::firstCharOf(format, fmtkey::DateDelimiter);
     if (delimiter == ',')
         return parseWordMonthDate(date, end, month, day, year, config, clock);
+    if (delimiter == fmtkey::eightDigitDate)
+        return parseEightDigitDate(date, end, month, day, year);
     std::optional<NumericDatePatterns> patterns = numericDatePatterns(delimiter);
     if (!patterns)
         return false;

@@ -13,8 +13,9 @@
 namespace tavvel {
 
 // A date found by findDate with the same input format: numeric by its DateDelimiter ("/", "-",
-// "."), or with a word month (",") by the configuration's word-month tables. The scan must
-// take the whole string or stop at the format's DateEnd character.
+// "."), eight digits of a real date ("8"), or with a word month (",") by the configuration's
+// word-month tables. The scan must take the whole string or stop at the format's DateEnd
+// character.
 bool parseDate(std::string_view date, const Dictionary& format, std::int64_t& month,
                std::int64_t& day, std::int64_t& year, const Configuration& config,
                const Clock& clock);

@@ -51,12 +51,13 @@ std::vector<std::string> hostileTexts() {
             repeated("1 Jan ", kLong),
             repeated("9", kLong / 2) + " Jan " + repeated("9", kLong / 2),
             repeated("\t ", kLong),
-            repeated("\"\"", kLong)};
+            repeated("\"\"", kLong),
+            repeated("20200213 ", kLong)};
 }
 
 std::vector<Dictionary> formats() {
     std::vector<Dictionary> out;
-    for (std::string_view delimiter : {"/", "-", ",", "", "x"})
+    for (std::string_view delimiter : {"/", "-", ",", "8", "", "x"})
         for (std::string_view start : {" ", ""})
             out.push_back(Dictionary{{std::string(fmtkey::DateDelimiter), Value(delimiter)},
                                      {std::string(fmtkey::DateStart), Value(start)},
@@ -80,6 +81,7 @@ TEST(Adversarial, DateScannersStayInsideAnyText) {
         findDateSlash(text, length);
         findDateDash(text, length);
         findDateDot(text, length);
+        findDateEightDigits(text, length);
         if (text.size() > 100)
             continue; // the parsers take one date at a time
         std::int64_t m = 0, d = 0, y = 0;

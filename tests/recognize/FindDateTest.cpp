@@ -88,6 +88,28 @@ TEST(FindDate, OFXLikeDatesFollowTheirMarker) {
     EXPECT_EQ(inFormat("<STMTTRN><DTUSER>20240115", ofx, blanks).at, std::nullopt);
 }
 
+TEST(FindDate, EightDigitDatesOnlyRealAndStandingAlone) {
+    auto eight = [](std::string_view text) {
+        Found f;
+        f.at = findDateEightDigits(text, f.length);
+        return f;
+    };
+    // No month 13, no 30 February, no 29 February 1900, a year out of range, digits running
+    // on, a decimal part: none is a date, and none stops the search.
+    EXPECT_EQ(eight("20201399 20200230 19000229 18991231 2020021311 120200213 20200213.50 "
+                    "1.20200213 on 20240229,"),
+              (Found{83, 8}));
+    EXPECT_EQ(eight("acct 12345678901234 ref 12345678").at, std::nullopt);
+    EXPECT_EQ(eight("20000229"), (Found{0, 8})); // 2000 is a leap year
+    EXPECT_EQ(eight("2020021"), (Found{std::nullopt, -99}));
+
+    BlankCounts blanks;
+    Dictionary quoted = numericFormat("8", "\"", "\"");
+    EXPECT_EQ(inFormat("\"x20200213\",\"19991399\",\"20200214\"", quoted, blanks), (Found{24, 8}));
+    EXPECT_EQ(inFormat("\"20200213,\"20200214\"", quoted, blanks), (Found{11, 8}));
+    EXPECT_EQ(inFormat("\"19991231 \"", quoted, blanks).at, std::nullopt);
+}
+
 TEST(FindDate, MeasuresTheBlankGapOnlyWhileAskedTo) {
     BlankCounts blanks;
     blanks.multipleBlanks = -1;

@@ -86,6 +86,18 @@ TEST(ParseDate, NumericDates) {
     EXPECT_EQ(parse("", format("/")), std::nullopt);
 }
 
+TEST(ParseDate, EightDigitDates) {
+    EXPECT_EQ(parse("20200213", format("8")), (Ymd{2020, 2, 13}));
+    // The digits' order is fixed: day-before-month does not turn it round.
+    EXPECT_EQ(parse("20200213", format("8", " ", true)), (Ymd{2020, 2, 13}));
+    EXPECT_EQ(parse("20200213\"", format("8", "\"")), (Ymd{2020, 2, 13}));
+    EXPECT_EQ(parse("20200213\"", format("8", " ")), std::nullopt);
+    for (std::string_view notADate :
+         {"20201399", "20200230", "2020021", "202002134", "2020-213", " 20200213", "18991231", ""})
+        EXPECT_EQ(parse(notADate, format("8")), std::nullopt) << notADate;
+    EXPECT_EQ(parse("20200213", format("/")), std::nullopt);
+}
+
 TEST(ParseDate, WordMonthDates) {
     EXPECT_EQ(parse("Jan 15, 2024", format(",")), (Ymd{2024, 1, 15}));
     EXPECT_EQ(parse("15 SEPT 23", format(",")), (Ymd{2023, 9, 15}));
