@@ -11,6 +11,7 @@
 #include "app/ContinuationRecord.h"
 #include "app/ImportQuickenExport.h"
 #include "app/InputText.h"
+#include "app/QifTransactionPart.h"
 #include "app/RunSettings.h"
 #include "bank/OfxStatements.h"
 #include "context/Context.h"
@@ -239,6 +240,17 @@ Intake Controller::classifyLineViews() {
                        formatMessage(text::listImportCorrupted, source));
     if (result <= 0)
         start = 0;
+    if (auto part = qifTransactionPart(lines_)) {
+        if (part->severalAccounts)
+            return refuse(text::invalidInputTitle, text::multipleAccounts);
+        if (part->skipped > 0)
+            dialogs_.alert(
+                std::string(text::qifSectionsSkippedTitle),
+                formatMessage(text::qifSectionsSkipped, {source, std::to_string(part->skipped)}));
+        // The lines after the register are lists or other registers, never its transactions.
+        lines_.resize(part->end);
+        start = part->begin;
+    }
     std::size_t head = start;
     while (head < lines_.size() && lines_[head].empty())
         ++head;
@@ -285,7 +297,9 @@ Intake Controller::acceptQIF(std::size_t head, bool recordEnds, bool resuming) {
     doingExtract = doingClipboard = false;
     if (!passesRunChecks())
         return Intake::refused;
-    const std::string_view headLine = lines_[head];
+    // Some exporters leave a blank after the header ("!Type:Bank ").
+    std::string_view headLine = lines_[head];
+    headLine = headLine.substr(0, headLine.find_last_not_of(" \t") + 1);
     const bool investment = headLine == "!Type:Invst";
     if (investment && !resuming)
         return refuse(text::invalidInputTitle, text::investmentQif);
