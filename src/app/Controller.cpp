@@ -11,9 +11,9 @@
 #include "app/ContinuationRecord.h"
 #include "app/ImportQuickenExport.h"
 #include "app/InputText.h"
+#include "app/OfxAccountChoice.h"
 #include "app/QifTransactionPart.h"
 #include "app/RunSettings.h"
-#include "bank/OfxStatements.h"
 #include "context/Context.h"
 #include "dialogs/Dialogs.h"
 #include "dialogs/MessageFormat.h"
@@ -191,10 +191,9 @@ int Controller::accountKindFor(int gType) const {
 
 Intake Controller::classifyOFX() {
     doingExtract = doingClipboard = false;
-    // Statements of several accounts would go out as one list of transactions.
-    if (ofxAccounts(ofxStatements(fileAsString)).size() > 1)
-        return refuse(text::invalidInputTitle, text::multipleAccounts);
-    account = ofxAccount(fileAsString);
+    // Statements of several accounts are never merged: the run form offers their accounts.
+    std::vector<std::string> accounts = ofxAccountsToChooseFrom(fileAsString);
+    account = accounts.empty() ? ofxAccount(fileAsString) : std::nullopt;
     if (!passesRunChecks())
         return Intake::refused;
     struct Kind {
@@ -212,7 +211,13 @@ Intake Controller::classifyOFX() {
     if (!found)
         return refuse(text::invalidInputTitle, text::ofxNotBankOrCard);
     ctx_.gType = found->gType;
-    form_.setInput({false, std::string(found->shown), accountKindFor(found->gType), account, true});
+    std::string shown(found->shown);
+    // Until an account is chosen, a bank account and a card are either.
+    if (!accounts.empty() && ofxKindsDiffer(fileAsString)) {
+        ctx_.gType = kTypeBankOrCreditCard;
+        shown = "Bank or Credit Card";
+    }
+    form_.setInput({false, shown, accountKindFor(ctx_.gType), account, true, std::move(accounts)});
     form_.qfxType = 0;
     controlHelpAnchor = "QFX";
     return endClassification();
