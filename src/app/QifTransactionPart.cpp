@@ -92,9 +92,30 @@ std::size_t chosen(const std::vector<Register>& registers) {
             continue;
         if (!equalIgnoringCase(registers[i].type, "Invst"))
             return i;
-        any = std::min(any, i);
+        if (any == kNone)
+            any = i;
     }
     return any;
+}
+
+// The register read, with the repeats of its header that follow straight on (the same
+// register again); what the other registers hold is counted against it.
+QifTransactionPart partFor(const std::vector<Register>& registers, std::size_t first) {
+    std::size_t last = first;
+    while (last + 1 < registers.size() && registers[last + 1].header == registers[last].end &&
+           equalIgnoringCase(registers[last + 1].type, registers[first].type))
+        ++last;
+    const Register& read = registers[first];
+    QifTransactionPart part{read.account == kNone ? read.header : read.account,
+                            registers[last].end};
+    for (std::size_t i = 0; i < registers.size(); ++i) {
+        if (i >= first && i <= last)
+            continue;
+        if (registers[i].transactions > 0 && registers[i].account != kNone)
+            part.severalAccounts = true;
+        part.skipped += registers[i].transactions;
+    }
+    return part;
 }
 
 } // namespace
@@ -115,22 +136,7 @@ std::optional<QifTransactionPart> qifTransactionPart(const std::vector<std::stri
     std::size_t first = chosen(registers);
     if (first == kNone)
         return QifTransactionPart{lines.size(), lines.size()};
-    // A repeated header with nothing between continues the same register.
-    std::size_t last = first;
-    while (last + 1 < registers.size() && registers[last + 1].header == registers[last].end &&
-           equalIgnoringCase(registers[last + 1].type, registers[first].type))
-        ++last;
-    const Register& read = registers[first];
-    QifTransactionPart part{read.account == kNone ? read.header : read.account,
-                            registers[last].end};
-    for (std::size_t i = 0; i < registers.size(); ++i) {
-        if (i >= first && i <= last)
-            continue;
-        if (registers[i].transactions > 0 && registers[i].account != kNone)
-            part.severalAccounts = true;
-        part.skipped += registers[i].transactions;
-    }
-    return part;
+    return partFor(registers, first);
 }
 
 } // namespace tavvel
