@@ -1,9 +1,10 @@
 // Intake and classification. Stages: take the input (file, clipboard); a file that cannot be
 // read is refused; its text becomes UTF-8 whatever encoding it was saved in, and bytes that
 // are no statement are refused; replace NUL bytes; OFX when "OFXHEADER" occurs anywhere or
-// the text is an <OFX> element, else cut into lines, offer them to the QIF list importer, find
-// the head line and decide QIF or free text; refuse what cannot be processed; prepare the run
-// form, or run at once when asked to.
+// the text is an <OFX> element (its accounts offered when it holds several), else cut into
+// lines, offer them to the QIF list importer, find the register among any lists, find the head
+// line and decide QIF or free text; refuse what cannot be processed; prepare the run form, or
+// run at once when asked to.
 
 #include "app/Controller.h"
 
