@@ -260,7 +260,8 @@ std::optional<RunProblem> setAppend(RunForm& form, const RunOptions& run) {
 }
 
 std::optional<RunProblem> checkReady(const RunForm& form) {
-    if (form.processEnabled())
+    // A file of several accounts without one chosen is refused by the run, which names them.
+    if (form.processEnabled() || form.choosesInputAccount())
         return std::nullopt;
     if (form.textInput)
         return RunProblem{kExitRefused,

@@ -68,6 +68,17 @@ inline constexpr std::string_view multipleAccounts =
     "one account at a time.";
 inline constexpr std::string_view noTransactionsInAccount =
     "%@ contains no transactions; it cannot be processed.";
+// Our own: the accounts of an OFX file are named, so the run can choose one of them.
+inline constexpr std::string_view ofxAccountsFound =
+    "\r\rThe accounts in it are %@.  Choose one of them as the account of the run to convert "
+    "its transactions alone.";
+// Our own: an export holding registers of several kinds converts the first, and says what the
+// others held rather than passing over them in silence.
+inline constexpr std::string_view qifSectionsSkippedTitle = "Transactions Skipped";
+inline constexpr std::string_view qifSectionsSkipped =
+    "%@ holds transactions in more than one section.  Only those of the first are converted; "
+    "those of the others (another kind of account, or investment transactions) were skipped: "
+    "%ld in all.";
 inline constexpr std::string_view investmentQif =
     "%@ contains INVESTMENT QIF, which is not supported by Tavvel. It cannot be processed.";
 inline constexpr std::string_view textWithoutDate =

@@ -1,9 +1,10 @@
 // Intake and classification. Stages: take the input (file, clipboard); a file that cannot be
 // read is refused; its text becomes UTF-8 whatever encoding it was saved in, and bytes that
 // are no statement are refused; replace NUL bytes; OFX when "OFXHEADER" occurs anywhere or
-// the text is an <OFX> element, else cut into lines, offer them to the QIF list importer, find
-// the head line and decide QIF or free text; refuse what cannot be processed; prepare the run
-// form, or run at once when asked to.
+// the text is an <OFX> element (its accounts offered when it holds several), else cut into
+// lines, offer them to the QIF list importer, find the register among any lists, find the head
+// line and decide QIF or free text; refuse what cannot be processed; prepare the run form, or
+// run at once when asked to.
 
 #include "app/Controller.h"
 
@@ -11,8 +12,9 @@
 #include "app/ContinuationRecord.h"
 #include "app/ImportQuickenExport.h"
 #include "app/InputText.h"
+#include "app/OfxAccountChoice.h"
+#include "app/QifTransactionPart.h"
 #include "app/RunSettings.h"
-#include "bank/OfxStatements.h"
 #include "context/Context.h"
 #include "dialogs/Dialogs.h"
 #include "dialogs/MessageFormat.h"
@@ -190,10 +192,9 @@ int Controller::accountKindFor(int gType) const {
 
 Intake Controller::classifyOFX() {
     doingExtract = doingClipboard = false;
-    // Statements of several accounts would go out as one list of transactions.
-    if (ofxAccounts(ofxStatements(fileAsString)).size() > 1)
-        return refuse(text::invalidInputTitle, text::multipleAccounts);
-    account = ofxAccount(fileAsString);
+    // Statements of several accounts are never merged: the run form offers their accounts.
+    std::vector<std::string> accounts = ofxAccountsToChooseFrom(fileAsString);
+    account = accounts.empty() ? ofxAccount(fileAsString) : std::nullopt;
     if (!passesRunChecks())
         return Intake::refused;
     struct Kind {
@@ -211,7 +212,13 @@ Intake Controller::classifyOFX() {
     if (!found)
         return refuse(text::invalidInputTitle, text::ofxNotBankOrCard);
     ctx_.gType = found->gType;
-    form_.setInput({false, std::string(found->shown), accountKindFor(found->gType), account, true});
+    std::string shown(found->shown);
+    // Until an account is chosen, a bank account and a card are either.
+    if (!accounts.empty() && ofxKindsDiffer(fileAsString)) {
+        ctx_.gType = kTypeBankOrCreditCard;
+        shown = "Bank or Credit Card";
+    }
+    form_.setInput({false, shown, accountKindFor(ctx_.gType), account, true, std::move(accounts)});
     form_.qfxType = 0;
     controlHelpAnchor = "QFX";
     return endClassification();
@@ -239,6 +246,17 @@ Intake Controller::classifyLineViews() {
                        formatMessage(text::listImportCorrupted, source));
     if (result <= 0)
         start = 0;
+    if (auto part = qifTransactionPart(lines_)) {
+        if (part->severalAccounts)
+            return refuse(text::invalidInputTitle, text::multipleAccounts);
+        if (part->skipped > 0)
+            dialogs_.alert(
+                std::string(text::qifSectionsSkippedTitle),
+                formatMessage(text::qifSectionsSkipped, {source, std::to_string(part->skipped)}));
+        // The lines after the register are lists or other registers, never its transactions.
+        lines_.resize(part->end);
+        start = part->begin;
+    }
     std::size_t head = start;
     while (head < lines_.size() && lines_[head].empty())
         ++head;
@@ -285,7 +303,9 @@ Intake Controller::acceptQIF(std::size_t head, bool recordEnds, bool resuming) {
     doingExtract = doingClipboard = false;
     if (!passesRunChecks())
         return Intake::refused;
-    const std::string_view headLine = lines_[head];
+    // Some exporters leave a blank after the header ("!Type:Bank ").
+    std::string_view headLine = lines_[head];
+    headLine = headLine.substr(0, headLine.find_last_not_of(" \t") + 1);
     const bool investment = headLine == "!Type:Invst";
     if (investment && !resuming)
         return refuse(text::invalidInputTitle, text::investmentQif);

@@ -5,6 +5,7 @@
 #include "app/AppTexts.h"
 #include "app/ContinuationRecord.h"
 #include "app/Controller.h"
+#include "app/OfxAccountChoice.h"
 #include "app/OutputFile.h"
 #include "app/RunSettings.h"
 #include "bank/QifDates.h"
@@ -148,6 +149,16 @@ RunEnd Controller::processTheTransactions(bool mainWindowVisible) {
         return RunEnd::notStarted;
     if (!account)
         account = form_.accountText;
+    if (form_.choosesInputAccount()) {
+        // The kind of the account chosen decides the header and the cleared marks.
+        auto kind = ofxKindOfAccount(fileAsString, *account);
+        if (!kind) {
+            statusAlert(text::invalidInputTitle, "%@",
+                        ofxAccountsRefusal(source, form_.inputAccounts));
+            return RunEnd::stopped;
+        }
+        ctx_.gType = *kind;
+    }
     ClearedOptions cleared = clearedOptionsFor(ctx_.gType);
     markAsCleared_ = optionOn(ctx_.prefs, cleared.cleared);
     markAsUncleared_ = optionOn(ctx_.prefs, cleared.uncleared);
@@ -236,6 +247,7 @@ bool Controller::readTransactions(Date from, Date to) {
             statusAlert(text::invalidOfxTitle, text::invalidOfx, source);
             return false;
         }
+        reader_.ofxAccount = form_.choosesInputAccount() ? account : std::nullopt;
         reader_.fromOFX(fileAsString, from, to);
         return true;
     }

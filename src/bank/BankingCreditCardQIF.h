@@ -88,6 +88,10 @@ public:
                             ErrorWarning& warning, Dialogs& dialogs, Instructions& instructions,
                             const WalkOptions& options);
 
+    // The account whose statements fromOFX reads, when the file holds several: the others'
+    // transactions are left out, never merged in.
+    std::optional<std::string> ofxAccount;
+
     // The order of a QIF file's dates, when the run decided it (chooseQifDateOrder).
     std::optional<bool> dayFirstDates;
 

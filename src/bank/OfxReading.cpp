@@ -154,15 +154,17 @@ struct OfxFile {
           outside(wholeFileOfxNumbering(text)) {}
 
     // Pieces come in the order of the file, so the statement each stands in is found by
-    // walking on from the last one.
-    OfxNumbering numberingAt(std::size_t at) {
+    // walking on from the last one; nothing before the first.
+    const OfxStatement* statementAt(std::size_t at) {
         while (nextStatement < statements.size() && statements[nextStatement].begin <= at)
             ++nextStatement;
-        if (nextStatement == 0)
+        return nextStatement == 0 ? nullptr : &statements[nextStatement - 1];
+    }
+
+    OfxNumbering numberingOf(const OfxStatement* statement) const {
+        if (!statement || statement->kind == OfxStatement::Kind::investment)
             return outside;
-        const OfxStatement& statement = statements[nextStatement - 1];
-        return statement.kind == OfxStatement::Kind::investment ? outside
-                                                                : numberingOf(statement.kind);
+        return tavvel::numberingOf(statement->kind);
     }
 };
 
@@ -209,12 +211,16 @@ void BankingCreditCardQIF::fromOFX(std::string_view text, Date fromDate, Date to
         std::size_t next = text.find(kTransactionTag, begin);
         std::string_view piece =
             text.substr(begin, (next == std::string_view::npos ? text.size() : next) - begin);
-        OfxNumbering numbering = file.numberingAt(at);
+        const OfxStatement* statement = file.statementAt(at);
+        at = next;
+        // Another account's transactions are left for a run of their own.
+        if (ofxAccount && (!statement || statement->account != *ofxAccount))
+            continue;
         if (next == std::string_view::npos && cutOff(text, piece))
             qif.push_back(errorRecord(text::ofxCutOff, piece));
-        else if (auto record = readOFXTransaction(piece, numbering, file.utf8, fromDate, toDate))
+        else if (auto record = readOFXTransaction(piece, file.numberingOf(statement), file.utf8,
+                                                  fromDate, toDate))
             qif.push_back(std::move(*record));
-        at = next;
     }
     finishReading();
 }

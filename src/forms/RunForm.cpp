@@ -86,6 +86,7 @@ void RunForm::setInput(const Input& input) {
     accountType = input.accountType;
     accountKind = input.accountKind;
     inputAccount_ = input.account;
+    inputAccounts = input.accounts;
     outputFormatChoices = outputFormats_.namesForKind(ctx_.gType);
 }
 
@@ -112,6 +113,18 @@ void RunForm::offerAccounts(bool anyName) {
     allowAnyAccountName = anyName;
     accountHint.clear();
     accountText = accountChoices.size() == 1 ? accountChoices.front() : std::string();
+}
+
+// Whichever account the output would name, the account chosen here decides which of the
+// input's accounts is converted: nothing is merged.
+void RunForm::offerInputAccounts() {
+    accountBoxVisible = true;
+    allowAnyAccountName = false;
+    accountHint.clear();
+    accountChoices = inputAccounts;
+    if (std::find(accountChoices.begin(), accountChoices.end(), accountText) ==
+        accountChoices.end())
+        accountText.clear();
 }
 
 void RunForm::fillQifOutputPart(bool appendOption, std::size_t accounts) {
@@ -168,6 +181,8 @@ void RunForm::fillInAccountAndOutputPart() {
         fillQifOutputPart(appendOption, accounts);
     if (inputAccount_)
         accountText = *inputAccount_;
+    if (choosesInputAccount())
+        offerInputAccounts();
 }
 
 void RunForm::chooseRange(int tag) {
@@ -237,6 +252,9 @@ bool RunForm::processEnabled() const {
     // Resuming asks nothing of the user, but an output format deleted since cannot write.
     if (resuming)
         return outputFormat == "QIF" || outputFormats_.formatForName(outputFormat).has_value();
+    if (choosesInputAccount() &&
+        std::find(inputAccounts.begin(), inputAccounts.end(), accountText) == inputAccounts.end())
+        return false;
     bool ready = (whichTransactions != 2 || dateRangeOK) && (!textInput || inputFormatExists());
     if (outputFormat != "QIF")
         return ready && outputFormats_.formatForName(outputFormat).has_value();

@@ -27,6 +27,8 @@ public:
         int accountKind = 4;                // which accounts the account box offers (0-4)
         std::optional<std::string> account; // named by the input
         bool ofx = false;                   // an OFX or QFX statement
+        // The accounts of a file that holds several: the run converts the one chosen.
+        std::vector<std::string> accounts = {};
     };
 
     // What a stopped run fixed, shown read-only while it is resumed.
@@ -78,6 +80,10 @@ public:
     std::vector<std::string> accountChoices;
     bool allowAnyAccountName = false;
     std::string accountHint;
+    // The accounts of an input that holds several; the account box offers them alone, and the
+    // process button waits until one is chosen.
+    std::vector<std::string> inputAccounts;
+    bool choosesInputAccount() const { return inputAccounts.size() > 1; }
 
     int whichTransactions = 0;
     std::string dateFrom, dateTo;
@@ -114,6 +120,7 @@ private:
     void fillQifOutputPart(bool appendOption, std::size_t accounts);
     void fillDelimitedOutputPart(const Dictionary& format);
     void offerAccounts(bool anyName);
+    void offerInputAccounts();
     bool inputFormatExists() const;
 
     Context& ctx_;
