@@ -91,6 +91,37 @@ refused list.tvcn "Invalid Continuation File" "$(damaged list.tvcn)"
 } >"$tmp/beyond.tvcn"
 refused beyond.tvcn "Invalid Continuation File" "$(damaged beyond.tvcn)"
 
+# Keys of the wrong type, at the top and inside a transaction or split, would otherwise resume
+# into a transaction written without its amount, date or splits.
+# stopped TRANSACTION [TOP]: a continuation stopped at its only transaction.
+stopped() {
+    printf '<?xml version="1.0"?>\n<plist version="1.0"><dict><key>qif</key><array>%s</array>' "$1"
+    printf '<key>fileAsString</key><string>!Type:Bank\n</string>'
+    printf '<key>currentTransactionIndex</key><integer>0</integer>'
+    printf '<key>numberOfTransactionsAppended</key><integer>0</integer>'
+    printf '<key>outputFormatText</key><string>QIF</string><key>sameDateSwitch</key><false/>'
+    printf '<key>outputDateString</key><string></string><key>outputNumberString</key><string></string>'
+    printf '<key>account</key><string></string>%s</dict></plist>\n' "${2:-<key>sameNumberSwitch</key><false/>}"
+}
+d='<key>date</key><string>1/3/2024</string>' p='<key>description</key><string>CAFE</string>'
+a='<key>amount</key><string>-6.00</string>'
+split='<key>category</key><string>Food</string><key>memo</key><string></string>'
+stopped "<dict>$d$p$a<key>splits</key><array><dict>$a$split</dict></array></dict>" >"$tmp/whole.tvcn"
+run 0 --batch -o - "$tmp/whole.tvcn"
+same "$tmp/out" $'!Type:Bank\nD1/3/2024\nPCAFE\nT-6.00\nSFood\nE\n$-6.00\n^\n'
+i=0
+for wrong in "<dict>$d$p<key>amount</key><integer>-6</integer></dict>" \
+    "<dict><key>date</key><array/>$p$a</dict>" "<dict>$d$p$a<key>splits</key><string/></dict>" \
+    "<dict>$d$p$a<key>splits</key><array><dict><key>amount</key><real>-6</real>$split</dict></array></dict>" \
+    "<dict>$d$p$a<key>splits</key><array><string>Food</string></array></dict>" \
+    "<dict>$d$p$a<key>outputLength</key><string>9</string></dict>"; do
+    i=$((i + 1))
+    stopped "$wrong" >"$tmp/typed$i.tvcn"
+    refused "typed$i.tvcn" "Invalid Continuation File" "$(damaged "typed$i.tvcn")"
+done
+stopped "<dict>$d$p$a</dict>" "<key>sameNumberSwitch</key><string>NO</string>" >"$tmp/top.tvcn"
+refused top.tvcn "Invalid Continuation File" "$(damaged top.tvcn)"
+
 # Format files: garbage, and a property list of the wrong shape.
 for name in junk list; do
     cp "$prefs" "$tmp/prefs-before"
