@@ -30,6 +30,24 @@ printf 'keep me\n' >"$tmp/kept.qif"
 run 2 --batch -o "$tmp/kept.qif" "$tmp/folder.qif"
 said "File is actually a directory: $tmp/folder.qif"
 same "$tmp/kept.qif" $'keep me\n'
+# So are a pipe and a device, which would wait for a writer or never end; as the output they are
+# refused by the run, and the statement is not converted.
+mkfifo "$tmp/pipe.qif"
+printf '!Type:Bank\nD1/2/2024\nT-5.00\nPSHOP\n^\n' >"$tmp/one.qif"
+for input in "$tmp/pipe.qif" /dev/zero; do
+    run 2 --batch -o "$tmp/kept.qif" "$input"
+    said "File is a pipe or a device, not a file: $input; save the statement to a file and name \
+that file"
+done
+# (the pipe last: the folder of the last output is remembered)
+for output in /dev/null "$tmp/pipe.qif"; do
+    run 1 --batch -o "$output" "$tmp/one.qif"
+    said "== Output File Not Written ==" "\"$output\" is a folder, a device or a pipe, not a file, \
+so the output cannot be written to it.  Choose another output file, then process the \
+transactions again."
+done
+[ -p "$tmp/pipe.qif" ] || fail "the pipe was replaced"
+same "$tmp/kept.qif" $'keep me\n'
 
 if [ "$(id -u)" -ne 0 ]; then # root reads a file whatever its mode
     printf '!Type:Bank\nD1/2/2024\nT-5.00\n^\n' >"$tmp/locked.qif"
