@@ -153,6 +153,25 @@ for name in junk list; do
 done
 said "it does not hold a format record"
 
+# Formats whose transactions would never end or never advance: no date marks and not one
+# transaction a line (every search for the next date would start where the last one did), and
+# a date a negative distance from its line's start. Each run ends, refused.
+printf 'Posting Date,Payee,Amount\n01/31/2024,CORNER,-12.00\n02/01/2024,BAKER,-1250.00\n' \
+    >"$tmp/loop.csv"
+for marks in '<key>DateStart</key><string></string><key>DateEnd</key><string></string>' \
+    '<key>OneTransactionPerLine</key><true/><key>DistanceFromNewline</key><integer>-9223372036854775807</integer>'; do
+    { printf '<?xml version="1.0"?>\n<plist version="1.0"><dict><key>Name</key><string>Loop</string>'
+        printf '<key>FormatType</key><string>Bank</string><key>Fields</key><string>CSV</string>'
+        printf '<key>DateDelimiter</key><string></string><key>Date</key><integer>0</integer>'
+        printf '<key>Description</key><integer>1</integer><key>Credit</key><integer>2</integer>'
+        printf '%s</dict></plist>\n' "$marks"; } >"$tmp/loop.tvfm"
+    run 0 --batch "$tmp/loop.tvfm"
+    printf 'keep me\n' >"$tmp/kept.qif"
+    run 1 --batch --input-format Loop -o "$tmp/kept.qif" "$tmp/loop.csv"
+    said "== Invalid Format ==" "The text cannot be interpreted using the selected format."
+    same "$tmp/kept.qif" $'keep me\n'
+done
+
 # UTF-16 with a byte-order mark, either order, and UTF-8 with one, convert like plain text.
 printf '%s\r\n' '!Type:Bank' 'D1/02/2024' 'T-42.17' 'PCAFÉ CORNER' '^' >"$tmp/plain.qif"
 run 0 --batch -o "$tmp/plain-out.qif" "$tmp/plain.qif"
