@@ -152,9 +152,12 @@ std::optional<std::string> readWholeFile(const std::filesystem::path& path, std:
         return std::nullopt;
     std::string bytes;
     // Room for the whole file at once: growing by doubling would copy a big file several times
-    // and hold twice its size at the peak.
-    if (auto size = std::filesystem::file_size(path, ec); !ec && size <= maxBytes)
+    // and hold twice its size at the peak. A file known to be too big is not read at all.
+    if (auto size = std::filesystem::file_size(path, ec); !ec) {
+        if (size > maxBytes)
+            return std::nullopt;
         bytes.reserve(static_cast<std::size_t>(size));
+    }
     char buffer[65536];
     while (in.read(buffer, sizeof buffer) || in.gcount() > 0) {
         bytes.append(buffer, static_cast<std::size_t>(in.gcount()));
