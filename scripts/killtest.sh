@@ -6,11 +6,13 @@
 # continuation file, and an exported input format. After the trials of a kind, one more
 # unkilled run must leave no temporary file beside its target.
 #
-# Old and new versions are decoded once (property lists with plistlib, QIF by converting it
-# again); a file byte for byte equal to one of them decodes too.
+# Old and new versions are decoded once (property lists with plistlib, QIF by its lines); a file
+# byte for byte equal to one of them decodes too. After every trial the next start must succeed
+# without setting the preference store aside as undecodable.
 #
-#   scripts/killtest.sh [TRIALS] [TAVVEL_CLI]    (default 1000 trials per kind,
-#                                                 build/bin/tavvel-cli)
+#   scripts/killtest.sh [TRIALS] [TAVVEL_CLI] [KIND...]   (default 1000 trials per kind,
+#                               build/bin/tavvel-cli, every kind: prefs output_new
+#                               output_appended continuation format_export)
 # Damaged files are copied to build/killtest/.
 # Prints, per kind, the trials, how many were killed before they ended, and how many left the
 # old version, the new one, an earlier whole save of the same run (the preference store is
@@ -20,6 +22,9 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 trials=${1:-1000}
 cli=$(realpath "${2:-build/bin/tavvel-cli}")
+shift $(($# < 2 ? $# : 2))
+kinds=("$@")
+[[ ${#kinds[@]} -gt 0 ]] || kinds=(prefs output_new output_appended continuation format_export)
 # Damaged files are kept here for a look.
 keep=$PWD/build/killtest
 mkdir -p "$keep"
@@ -37,7 +42,7 @@ python3 - "$work/bank.qif" <<'EOF'
 import random, sys
 random.seed(28)
 lines = ['!Type:Bank']
-for i in range(1000):
+for i in range(300):
     lines += ['D%d/%d/2024' % (1 + i % 12, 1 + i % 28),
               'T-%d.%02d' % (random.randint(1, 999), random.randint(0, 99)),
               'PPAYEE %d' % (i % 97), 'Mmemo %d' % i, '^']
@@ -116,6 +121,12 @@ restore() {
     if [ -e "$dir/old" ]; then cp "$dir/old" "$target"; else rm -f "$target"; fi
 }
 
+# starts_cleanly: the next start succeeds and reads the preference store; a store it cannot
+# decode would be set aside as *.corrupt-*.
+starts_cleanly() {
+    quiet --settings && [ -z "$(find "$XDG_CONFIG_HOME/Tavvel" -name '*.corrupt-*' -print -quit)" ]
+}
+
 now_us() { local t=${EPOCHREALTIME/./}; echo $((10#$t)); }
 
 run_kind() {
@@ -155,7 +166,7 @@ run_kind() {
             old=$((old + 1))
         elif cmp -s "$target" "$dir/new"; then
             new=$((new + 1))
-        elif [ "$kind" = prefs ] && decodes "$target"; then
+        elif [ "$kind" = prefs ] && starts_cleanly; then
             # The store is saved more than once in a run: this is an earlier save, whole.
             between=$((between + 1))
             cp "$target" "$keep/between-$(md5sum <"$target" | cut -c1-8)"
@@ -163,7 +174,7 @@ run_kind() {
             damaged=$((damaged + 1))
             cp "$target" "$keep/damaged-$kind-$i" 2>/dev/null || true
         fi
-        quiet --settings || { echo "$kind trial $i: the next start failed" >&2; failures=$((failures + 1)); }
+        starts_cleanly || { echo "$kind trial $i: the next start failed" >&2; failures=$((failures + 1)); }
     done
     # One more run to its end clears what the killed ones left beside the target.
     restore
@@ -178,7 +189,7 @@ run_kind() {
 }
 
 printf '%-18s %7s %7s %7s %7s %8s %8s\n' "file kind" trials killed old new between damaged
-for kind in prefs output_new output_appended continuation format_export; do
+for kind in "${kinds[@]}"; do
     run_kind "$kind"
 done
 ((failures == 0)) || { echo "killtest: $failures damaged files or failed starts" >&2; exit 1; }
