@@ -18,7 +18,9 @@
 # old version, the new one, an earlier whole save of the same run (the preference store is
 # saved at several steps of a run; the distinct ones are kept in build/killtest/) or a damaged
 # file. Exits non-zero on any damaged file or failed start.
-set -euo pipefail
+set -Eeuo pipefail
+# A setup step that fails would otherwise end the script without a word.
+trap 'echo "killtest: a step failed at line $LINENO" >&2' ERR
 cd "$(dirname "$0")/.."
 trials=${1:-1000}
 cli=$(realpath "${2:-build/bin/tavvel-cli}")
