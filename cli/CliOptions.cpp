@@ -5,10 +5,21 @@
 
 #include <CLI/CLI.hpp>
 #include <sstream>
+#include <sys/stat.h>
 
 namespace tavvel {
 
 namespace {
+
+// A pipe or a device never ends, or waits for a writer that may never come: the statement is
+// read whole before anything else, so only a file can be one.
+std::string refuseNonFile(const std::string& path) {
+    struct stat st {};
+    if (::stat(path.c_str(), &st) != 0 || S_ISREG(st.st_mode) || S_ISDIR(st.st_mode))
+        return {};
+    return "File is a pipe or a device, not a file: " + path +
+           "; save the statement to a file and name that file";
+}
 
 constexpr const char* kFooter =
     "Exit status: 0 when the output was written (or there was nothing to output), 1 when the "
@@ -91,7 +102,8 @@ CliParse parseCommandLine(const std::vector<std::string>& args) {
     app.add_option("file", file,
                    "Statement to convert (OFX, QFX, QIF or text), or an input format to import "
                    "(.tvfm)")
-        ->check(CLI::ExistingFile);
+        ->check(CLI::ExistingFile)
+        ->check(CLI::Validator(refuseNonFile, ""));
     std::vector<std::string> exportFormat;
     app.add_option("--export-format", exportFormat, "Save the input format NAME in FILE (.tvfm)")
         ->expected(2)

@@ -1,6 +1,7 @@
 #include "app/ContinuationRecord.h"
 
 #include "bank/QifInputTypes.h"
+#include "formats/TransactionKeys.h"
 
 #include <algorithm>
 
@@ -15,6 +16,48 @@ bool hasType(const Dictionary& record, std::string_view key, Value::Type type) {
 
 std::int64_t integerOf(const Dictionary& record, std::string_view key) {
     return *find(record, key)->get<std::int64_t>();
+}
+
+// Whether each key of the record that the table names holds its type; other keys are free.
+template <std::size_t N>
+bool keysHaveTypes(const Dictionary& record,
+                   const std::pair<std::string_view, Value::Type> (&types)[N]) {
+    return std::all_of(std::begin(types), std::end(types), [&](const auto& entry) {
+        const Value* value = find(record, entry.first);
+        return !value || value->type() == entry.second;
+    });
+}
+
+bool isSplit(const Value& split) {
+    using T = Value::Type;
+    constexpr std::pair<std::string_view, T> types[] = {
+        {txkey::amount, T::string}, {txkey::category, T::string}, {txkey::memo, T::string}};
+    return split.isDictionary() && keysHaveTypes(split.dictionary(), types);
+}
+
+// A field of the wrong type would be written as nothing: a transaction without its amount or
+// date, or without its splits, is money silently lost.
+bool isTransaction(const Value& transaction) {
+    using T = Value::Type;
+    constexpr std::pair<std::string_view, T> types[] = {{txkey::date, T::string},
+                                                        {txkey::number, T::string},
+                                                        {txkey::description, T::string},
+                                                        {txkey::memo, T::string},
+                                                        {txkey::category, T::string},
+                                                        {txkey::cleared, T::string},
+                                                        {txkey::amount, T::string},
+                                                        {txkey::trntype, T::string},
+                                                        {txkey::errorMessage, T::string},
+                                                        {txkey::errorText, T::string},
+                                                        {txkey::splits, T::array},
+                                                        {txkey::amountAlreadyConverted, T::boolean},
+                                                        {txkey::AlreadySwapped, T::boolean},
+                                                        {txkey::userSplits, T::boolean},
+                                                        {txkey::outputLength, T::integer}};
+    if (!transaction.isDictionary() || !keysHaveTypes(transaction.dictionary(), types))
+        return false;
+    const Value* splits = find(transaction.dictionary(), txkey::splits);
+    return !splits || std::all_of(splits->array().begin(), splits->array().end(), isSplit);
 }
 
 } // namespace
@@ -41,8 +84,7 @@ bool resumableContinuation(const Dictionary& record) {
     if (tag && (!tag->get<std::int64_t>() || (*tag->get<std::int64_t>() & ~known)))
         return false;
     const Array& transactions = find(record, contkey::qif)->array();
-    if (!std::all_of(transactions.begin(), transactions.end(),
-                     [](const Value& v) { return v.isDictionary(); }))
+    if (!std::all_of(transactions.begin(), transactions.end(), isTransaction))
         return false;
     // A walk is only ever stopped at a transaction it holds, after at most that many outputs.
     std::int64_t index = integerOf(record, contkey::currentTransactionIndex);

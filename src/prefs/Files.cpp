@@ -5,7 +5,9 @@
 #include <cstring>
 #include <fcntl.h>
 #include <fstream>
+#include <limits>
 #include <random>
+#include <signal.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -55,6 +57,54 @@ int createTemporaryBeside(const std::filesystem::path& path, std::string& temp) 
     return -1;
 }
 
+bool isDigits(std::string_view text, std::size_t most) {
+    return !text.empty() && text.size() <= most &&
+           text.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
+// Whether a process with this id is still running; a temporary it made is its own to rename
+// or remove.
+bool isRunning(std::string_view pid) {
+    long long id = std::stoll(std::string(pid));
+    if (id <= 0 || id > std::numeric_limits<pid_t>::max())
+        return false;
+    return ::kill(static_cast<pid_t>(id), 0) == 0 || errno != ESRCH;
+}
+
+// Whether a name beside the target is one of the temporaries createTemporaryBeside makes for
+// it, "<target>.tmp-<pid>-<count>-<random>", left by a process that is gone.
+bool isAbandonedTemporary(std::string_view name, std::string_view target) {
+    if (!name.starts_with(target) || !name.substr(target.size()).starts_with(".tmp-"))
+        return false;
+    std::string_view rest = name.substr(target.size() + 5);
+    std::size_t first = rest.find('-');
+    if (first == std::string_view::npos)
+        return false;
+    std::size_t second = rest.find('-', first + 1);
+    if (second == std::string_view::npos)
+        return false;
+    std::string_view pid = rest.substr(0, first);
+    return isDigits(pid, 10) && isDigits(rest.substr(first + 1, second - first - 1), 10) &&
+           isDigits(rest.substr(second + 1), 6) && !isRunning(pid);
+}
+
+// A write killed between creating its temporary and renaming it leaves the temporary behind;
+// the next write to the same target removes those, and nothing else.
+void removeAbandonedTemporaries(const std::filesystem::path& path) {
+    std::error_code ec;
+    std::filesystem::path folder = path.parent_path().empty() ? "." : path.parent_path();
+    std::string target = path.filename().string();
+    int saved = errno;
+    for (std::filesystem::directory_iterator it(folder, ec), end; !ec && it != end;
+         it.increment(ec)) {
+        std::error_code kind;
+        if (isAbandonedTemporary(it->path().filename().string(), target) &&
+            it->is_regular_file(kind))
+            ::unlink(it->path().c_str());
+    }
+    errno = saved;
+}
+
 // The file a path names once symbolic links are followed, so that a link is written through and
 // stays a link; nothing for a chain of links that does not end.
 std::optional<std::filesystem::path> followLinks(std::filesystem::path path) {
@@ -73,6 +123,7 @@ std::optional<std::filesystem::path> followLinks(std::filesystem::path path) {
 
 bool writeWithMode(const std::filesystem::path& path, std::string_view bytes,
                    std::optional<mode_t> mode, std::string* error) {
+    removeAbandonedTemporaries(path);
     std::string temp;
     int fd = createTemporaryBeside(path, temp);
     if (fd < 0)
@@ -101,9 +152,12 @@ std::optional<std::string> readWholeFile(const std::filesystem::path& path, std:
         return std::nullopt;
     std::string bytes;
     // Room for the whole file at once: growing by doubling would copy a big file several times
-    // and hold twice its size at the peak.
-    if (auto size = std::filesystem::file_size(path, ec); !ec && size <= maxBytes)
+    // and hold twice its size at the peak. A file known to be too big is not read at all.
+    if (auto size = std::filesystem::file_size(path, ec); !ec) {
+        if (size > maxBytes)
+            return std::nullopt;
         bytes.reserve(static_cast<std::size_t>(size));
+    }
     char buffer[65536];
     while (in.read(buffer, sizeof buffer) || in.gcount() > 0) {
         bytes.append(buffer, static_cast<std::size_t>(in.gcount()));

@@ -30,6 +30,24 @@ printf 'keep me\n' >"$tmp/kept.qif"
 run 2 --batch -o "$tmp/kept.qif" "$tmp/folder.qif"
 said "File is actually a directory: $tmp/folder.qif"
 same "$tmp/kept.qif" $'keep me\n'
+# So are a pipe and a device, which would wait for a writer or never end; as the output they are
+# refused by the run, and the statement is not converted.
+mkfifo "$tmp/pipe.qif"
+printf '!Type:Bank\nD1/2/2024\nT-5.00\nPSHOP\n^\n' >"$tmp/one.qif"
+for input in "$tmp/pipe.qif" /dev/zero; do
+    run 2 --batch -o "$tmp/kept.qif" "$input"
+    said "File is a pipe or a device, not a file: $input; save the statement to a file and name \
+that file"
+done
+# (the pipe last: the folder of the last output is remembered)
+for output in /dev/null "$tmp/pipe.qif"; do
+    run 1 --batch -o "$output" "$tmp/one.qif"
+    said "== Output File Not Written ==" "\"$output\" is a folder, a device or a pipe, not a file, \
+so the output cannot be written to it.  Choose another output file, then process the \
+transactions again."
+done
+[ -p "$tmp/pipe.qif" ] || fail "the pipe was replaced"
+same "$tmp/kept.qif" $'keep me\n'
 
 if [ "$(id -u)" -ne 0 ]; then # root reads a file whatever its mode
     printf '!Type:Bank\nD1/2/2024\nT-5.00\n^\n' >"$tmp/locked.qif"
@@ -91,6 +109,37 @@ refused list.tvcn "Invalid Continuation File" "$(damaged list.tvcn)"
 } >"$tmp/beyond.tvcn"
 refused beyond.tvcn "Invalid Continuation File" "$(damaged beyond.tvcn)"
 
+# Keys of the wrong type, at the top and inside a transaction or split, would otherwise resume
+# into a transaction written without its amount, date or splits.
+# stopped TRANSACTION [TOP]: a continuation stopped at its only transaction.
+stopped() {
+    printf '<?xml version="1.0"?>\n<plist version="1.0"><dict><key>qif</key><array>%s</array>' "$1"
+    printf '<key>fileAsString</key><string>!Type:Bank\n</string>'
+    printf '<key>currentTransactionIndex</key><integer>0</integer>'
+    printf '<key>numberOfTransactionsAppended</key><integer>0</integer>'
+    printf '<key>outputFormatText</key><string>QIF</string><key>sameDateSwitch</key><false/>'
+    printf '<key>outputDateString</key><string></string><key>outputNumberString</key><string></string>'
+    printf '<key>account</key><string></string>%s</dict></plist>\n' "${2:-<key>sameNumberSwitch</key><false/>}"
+}
+d='<key>date</key><string>1/3/2024</string>' p='<key>description</key><string>CAFE</string>'
+a='<key>amount</key><string>-6.00</string>'
+split='<key>category</key><string>Food</string><key>memo</key><string></string>'
+stopped "<dict>$d$p$a<key>splits</key><array><dict>$a$split</dict></array></dict>" >"$tmp/whole.tvcn"
+run 0 --batch -o - "$tmp/whole.tvcn"
+same "$tmp/out" $'!Type:Bank\nD1/3/2024\nPCAFE\nT-6.00\nSFood\nE\n$-6.00\n^\n'
+i=0
+for wrong in "<dict>$d$p<key>amount</key><integer>-6</integer></dict>" \
+    "<dict><key>date</key><array/>$p$a</dict>" "<dict>$d$p$a<key>splits</key><string/></dict>" \
+    "<dict>$d$p$a<key>splits</key><array><dict><key>amount</key><real>-6</real>$split</dict></array></dict>" \
+    "<dict>$d$p$a<key>splits</key><array><string>Food</string></array></dict>" \
+    "<dict>$d$p$a<key>outputLength</key><string>9</string></dict>"; do
+    i=$((i + 1))
+    stopped "$wrong" >"$tmp/typed$i.tvcn"
+    refused "typed$i.tvcn" "Invalid Continuation File" "$(damaged "typed$i.tvcn")"
+done
+stopped "<dict>$d$p$a</dict>" "<key>sameNumberSwitch</key><string>NO</string>" >"$tmp/top.tvcn"
+refused top.tvcn "Invalid Continuation File" "$(damaged top.tvcn)"
+
 # Format files: garbage, and a property list of the wrong shape.
 for name in junk list; do
     cp "$prefs" "$tmp/prefs-before"
@@ -103,6 +152,25 @@ for name in junk list; do
     cmp -s "$prefs" "$tmp/prefs-before" || fail "$name.tvfm changed the store"
 done
 said "it does not hold a format record"
+
+# Formats whose transactions would never end or never advance: no date marks and not one
+# transaction a line (every search for the next date would start where the last one did), and
+# a date a negative distance from its line's start. Each run ends, refused.
+printf 'Posting Date,Payee,Amount\n01/31/2024,CORNER,-12.00\n02/01/2024,BAKER,-1250.00\n' \
+    >"$tmp/loop.csv"
+for marks in '<key>DateStart</key><string></string><key>DateEnd</key><string></string>' \
+    '<key>OneTransactionPerLine</key><true/><key>DistanceFromNewline</key><integer>-9223372036854775807</integer>'; do
+    { printf '<?xml version="1.0"?>\n<plist version="1.0"><dict><key>Name</key><string>Loop</string>'
+        printf '<key>FormatType</key><string>Bank</string><key>Fields</key><string>CSV</string>'
+        printf '<key>DateDelimiter</key><string></string><key>Date</key><integer>0</integer>'
+        printf '<key>Description</key><integer>1</integer><key>Credit</key><integer>2</integer>'
+        printf '%s</dict></plist>\n' "$marks"; } >"$tmp/loop.tvfm"
+    run 0 --batch "$tmp/loop.tvfm"
+    printf 'keep me\n' >"$tmp/kept.qif"
+    run 1 --batch --input-format Loop -o "$tmp/kept.qif" "$tmp/loop.csv"
+    said "== Invalid Format ==" "The text cannot be interpreted using the selected format."
+    same "$tmp/kept.qif" $'keep me\n'
+done
 
 # UTF-16 with a byte-order mark, either order, and UTF-8 with one, convert like plain text.
 printf '%s\r\n' '!Type:Bank' 'D1/02/2024' 'T-42.17' 'PCAFÉ CORNER' '^' >"$tmp/plain.qif"

@@ -4,7 +4,9 @@
 
 #include "support/TestContext.h"
 
+#include <csignal>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 
 namespace tavvel {
@@ -60,9 +62,11 @@ TEST(Files, ReplacingAFileKeepsItsPermissions) {
     ASSERT_EQ(0, ::chmod(file.c_str(), 0600));
     ASSERT_TRUE(writeFileAtomically(file, "new"));
     EXPECT_EQ(modeOf(file), 0600u);
-    ASSERT_EQ(0, ::chmod(file.c_str(), 0664));
-    ASSERT_TRUE(writeFileAtomically(file, "newer"));
-    EXPECT_EQ(modeOf(file), 0664u);
+    for (mode_t mode : {0664u, 0644u, 0640u}) {
+        ASSERT_EQ(0, ::chmod(file.c_str(), mode));
+        ASSERT_TRUE(writeFileAtomically(file, "newer"));
+        EXPECT_EQ(modeOf(file), mode);
+    }
     EXPECT_EQ(*readWholeFile(file), "newer");
 }
 
@@ -77,6 +81,40 @@ TEST(Files, FailedWriteLeavesNoTemporaryFile) {
     EXPECT_FALSE(writeFileAtomically(folder.path() / "absent" / "file", "bytes", &error));
     EXPECT_NE(error.find("cannot create a temporary file"), std::string::npos) << error;
     EXPECT_EQ(namesIn(folder.path()), std::vector<std::string>{"taken"});
+
+    // A write that fails half way, here on a file size limit, takes its temporary with it.
+    fs::path file = folder.path() / "out.qif";
+    ASSERT_TRUE(writeFileAtomically(file, "old"));
+    ::signal(SIGXFSZ, SIG_IGN);
+    rlimit old{};
+    ASSERT_EQ(0, ::getrlimit(RLIMIT_FSIZE, &old));
+    rlimit small = old;
+    small.rlim_cur = 4096;
+    ASSERT_EQ(0, ::setrlimit(RLIMIT_FSIZE, &small));
+    bool written = writeFileAtomically(file, std::string(100000, 'x'), &error);
+    ::setrlimit(RLIMIT_FSIZE, &old);
+    EXPECT_FALSE(written);
+    EXPECT_EQ(*readWholeFile(file), "old");
+    EXPECT_EQ(namesIn(folder.path()), (std::vector<std::string>{"out.qif", "taken"}));
+}
+
+// Temporaries a killed write left beside a target go on the next write to it; those of a
+// running writer, of another target, or only looking like ours stay.
+TEST(Files, AbandonedTemporariesAreRemovedOnTheNextWrite) {
+    test::TempFolder folder;
+    fs::path file = folder.path() / "out.qif";
+    std::string running = "out.qif.tmp-" + std::to_string(::getpid()) + "-0-12";
+    std::vector<std::string> kept = {"out.qif.tmp-999999999-0-x", "out.qif.tmp-notes", running,
+                                     "other.qif.tmp-999999999-3-12"};
+    for (const std::string& name : kept)
+        ASSERT_TRUE(writeFileAtomically(folder.path() / name, "left"));
+    for (const char* name : {"out.qif.tmp-999999999-0-123456", "out.qif.tmp-999999998-7-0"})
+        ASSERT_TRUE(writeFileAtomically(folder.path() / name, "left"));
+    ASSERT_TRUE(writeFileAtomically(file, "new"));
+    kept.push_back("out.qif");
+    std::sort(kept.begin(), kept.end());
+    EXPECT_EQ(namesIn(folder.path()), kept);
+    EXPECT_EQ(*readWholeFile(file), "new");
 }
 
 // A link is written through to its target, which keeps its mode; what is not a regular file
