@@ -1,41 +1,44 @@
 #!/usr/bin/env bash
-# Whole-program comparison on generated OFX bank statements (SGML and XML forms, a fixed
-# seed): tavvel-cli --batch against ofx2qif from Debian's ofx package (only up to 40,000
-# transactions: its time grows quadratically) and against wc -l on the same file (the floor:
-# reading the bytes). The tools run alternately, RUNS times each (default 5; 3 from 500,000
-# transactions on); the script prints median wall times, MB/s, the ratios, each tool's peak
-# memory, and the 1,000,000 / 500,000 time ratio of tavvel-cli, which stays near 2 while a
-# run is linear.
-# The CSV case: a generated bank CSV export of CSV_COUNT transactions (default 100,000; a
-# heading, check numbers now and then, quoted payees holding commas, one signed amount column)
-# converted by tavvel-cli --batch through examples/csv-export.tvfm (imported first), against
-# hledger reading the same file with a rules file for the same columns
-# (hledger -f FILE --rules-file RULES print), and wc -l; same table, and the time and peak
-# memory ratios to hledger.
+# Whole-program comparison on generated statements (a fixed seed), each tool run alternately
+# RUNS times (default 5; 3 from 500,000 transactions on); the script prints median wall times,
+# MB/s, each tool's peak memory against the input's size, and the ratios between the tools.
 #
-# Usage: [RUNS=N] [SIZES="10000 40000 ..."] [CASES="ofx csv"] [CSV_COUNT=N]
-#        bench/compare_peers.sh [TAVVEL_CLI]   (default build/bin/tavvel-cli)
-# The ofx package and GNU time are installed with apt-get when missing (they are not project
-# dependencies); hledger is not: the script stops and says how to install it. Statements and
-# outputs go to a folder under TMPDIR, removed at the end.
+# Cases (CASES, default "ofx card qif csv"):
+#   ofx   OFX bank statements, SGML and XML, at SIZES transactions: tavvel-cli --batch against
+#         ofx2qif from Debian's ofx package (only up to 40,000 transactions: its time grows
+#         quadratically), a ten-line awk script that writes QIF by searching for tags, and
+#         wc -l (the floor: reading the bytes). Also the 1,000,000 / 500,000 time ratio of
+#         tavvel-cli, which stays near 2 while a run is linear.
+#   card  OFX credit card statements (SGML) at SIZES: tavvel-cli, the awk script and wc -l.
+#   qif   a bank QIF file of QIF_COUNT transactions (default 100,000): tavvel-cli against
+#         Finance::QIF (Debian's libfinance-qif-perl) reading and writing every record, and wc.
+#   csv   a bank CSV export of CSV_COUNT transactions (default 100,000; a heading, check
+#         numbers now and then, quoted payees holding commas, one signed amount column)
+#         converted through examples/csv-export.tvfm (imported first), against hledger reading
+#         it with a rules file for the same columns, and wc -l.
+#
+# Usage: [RUNS=N] [SIZES="10000 40000 ..."] [CASES="ofx card qif csv"] [QIF_COUNT=N]
+#        [CSV_COUNT=N] bench/compare_peers.sh [TAVVEL_CLI]   (default build/bin/tavvel-cli)
+# The peers and GNU time are installed with apt-get when missing (they are not project
+# dependencies). Statements and outputs go to a folder under TMPDIR, removed at the end.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 cli=$(realpath "${1:-build/bin/tavvel-cli}")
 runs=${RUNS:-5}
 read -r -a sizes <<<"${SIZES:-10000 40000 500000 1000000}"
-read -r -a cases <<<"${CASES:-ofx csv}"
+read -r -a cases <<<"${CASES:-ofx card qif csv}"
 csv_count=${CSV_COUNT:-100000}
+qif_count=${QIF_COUNT:-100000}
 peer_limit=40000
+# shellcheck source=bench/generate.sh
+source bench/generate.sh
 
 wants() { [[ " ${cases[*]} " == *" $1 "* ]]; }
 
 install_tools() {
     local missing=()
-    if wants csv && ! command -v hledger >/dev/null; then
-        echo "hledger is missing: install Debian's hledger (sudo apt-get install hledger), or" \
-            "leave the CSV case out with CASES=ofx" >&2
-        exit 1
-    fi
+    wants csv && ! command -v hledger >/dev/null && missing+=(hledger)
+    wants qif && ! perl -MFinance::QIF -e 1 2>/dev/null && missing+=(libfinance-qif-perl)
     wants ofx && ! command -v ofx2qif >/dev/null && missing+=(ofx)
     [ -x /usr/bin/time ] || missing+=(time)
     [ ${#missing[@]} -eq 0 ] && return
@@ -44,53 +47,6 @@ install_tools() {
     echo "Installing: ${missing[*]}" >&2
     DEBIAN_FRONTEND=noninteractive "${sudo[@]}" apt-get install -y -qq --no-install-recommends \
         "${missing[@]}" >/dev/null
-}
-
-# generate COUNT sgml|xml: an OFX bank statement with COUNT transactions on standard output.
-# The generator is the minimal-standard linear congruential one, exact in awk's doubles, so
-# every awk makes the same statement.
-generate() {
-    awk -v count="$1" -v form="$2" '
-    function draw(bound) { seed = (seed * 16807) % 2147483647; return seed % bound }
-    function tag(name, value) {
-        if (form == "xml") printf "<%s>%s</%s>\n", name, value, name
-        else printf "<%s>%s\n", name, value
-    }
-    BEGIN {
-        seed = 20240101
-        split("CORNER GROCERY #12|PAYROLL DEPOSIT ACME WIDGETS|CITY POWER AND LIGHT|" \
-              "BEAN THERE CAFE|ATM WITHDRAWAL MAIN ST|TRANSFER TO SAVINGS", payees, "|")
-        if (form == "xml") {
-            print "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"no\"?>"
-            print "<?OFX OFXHEADER=\"200\" VERSION=\"211\" SECURITY=\"NONE\" OLDFILEUID=\"NONE\" NEWFILEUID=\"NONE\"?>"
-        } else {
-            printf "OFXHEADER:100\nDATA:OFXSGML\nVERSION:102\nSECURITY:NONE\nENCODING:USASCII\n"
-            printf "CHARSET:1252\nCOMPRESSION:NONE\nOLDFILEUID:NONE\nNEWFILEUID:NONE\n\n"
-        }
-        print "<OFX>"; print "<SIGNONMSGSRSV1>"; print "<SONRS>"; print "<STATUS>"
-        tag("CODE", 0); tag("SEVERITY", "INFO"); print "</STATUS>"
-        tag("DTSERVER", "20250101120000"); tag("LANGUAGE", "ENG"); print "</SONRS>"
-        print "</SIGNONMSGSRSV1>"; print "<BANKMSGSRSV1>"; print "<STMTTRNRS>"; tag("TRNUID", 1)
-        print "<STATUS>"; tag("CODE", 0); tag("SEVERITY", "INFO"); print "</STATUS>"
-        print "<STMTRS>"; tag("CURDEF", "USD"); print "<BANKACCTFROM>"; tag("BANKID", "021000000")
-        tag("ACCTID", "000123456789"); tag("ACCTTYPE", "CHECKING"); print "</BANKACCTFROM>"
-        print "<BANKTRANLIST>"; tag("DTSTART", "20240101"); tag("DTEND", "20241231")
-        for (i = 0; i < count; i++) {
-            print "<STMTTRN>"
-            debit = draw(4) != 0
-            tag("TRNTYPE", debit ? "DEBIT" : "CREDIT")
-            tag("DTPOSTED", sprintf("2024%02d%02d120000", draw(12) + 1, draw(28) + 1))
-            tag("TRNAMT", sprintf("%s%d.%02d", debit ? "-" : "", draw(2000), draw(100)))
-            tag("FITID", i)
-            if (draw(5) == 0) tag("CHECKNUM", 1000 + i % 9000)
-            tag("NAME", payees[draw(6) + 1])
-            tag("MEMO", "Card purchase " i % 97)
-            print "</STMTTRN>"
-        }
-        print "</BANKTRANLIST>"; print "<LEDGERBAL>"; tag("BALAMT", "1000.00")
-        tag("DTASOF", "20241231"); print "</LEDGERBAL>"; print "</STMTRS>"; print "</STMTTRNRS>"
-        print "</BANKMSGSRSV1>"; print "</OFX>"
-    }'
 }
 
 # timed NAME FILE: one run of the tool on the file; appends "seconds peak-KiB" to its record.
@@ -102,6 +58,8 @@ timed() {
     ofx2qif) command=(ofx2qif "$file") ;;
     wc) command=(wc -l "$file") ;;
     hledger) command=(hledger -f "$file" --rules-file "$work/bank.rules" print) ;;
+    awk) command=(awk -f "$work/ofx2qif.awk" "$file") ;;
+    finance-qif) command=(perl "$work/finance-qif.pl" "$file" "$work/finance-qif.qif") ;;
     esac
     start=$(date +%s%N)
     /usr/bin/time -f %M -o "$work/peak" "${command[@]}" >"$work/$name.out" 2>/dev/null
@@ -112,11 +70,14 @@ timed() {
 median_seconds() { sort -n "$work/$1.times" | awk '{t[NR] = $1} END {printf "%.4f", t[int((NR + 1) / 2)] / 1e6}'; }
 peak_kib() { sort -n -k2 "$work/$1.times" | tail -1 | awk '{print $2}'; }
 
-# compare COUNT FORM: the tools on one statement, alternately; one line per tool.
+# compare COUNT FORM [card]: the tools on one OFX statement, alternately; one line per tool.
+# A card statement is labelled "card" in the table.
 compare() {
-    local count=$1 form=$2 file="$work/bank-$1.$2.ofx" tools=(tavvel-cli wc) n=$runs
-    generate "$count" "$form" >"$file"
-    [ "$count" -le "$peer_limit" ] && tools=(tavvel-cli ofx2qif wc)
+    local count=$1 form=$2 kind=${3:-bank} tools=(tavvel-cli awk wc) n=$runs label=$2
+    local file="$work/$kind-$count.$form.ofx"
+    [ "$kind" = card ] && label=card
+    generate "$count" "$form" "$kind" >"$file"
+    [ "$kind" = bank ] && [ "$count" -le "$peer_limit" ] && tools=(tavvel-cli ofx2qif awk wc)
     [ "$count" -ge 500000 ] && [ "$runs" -gt 3 ] && n=3
     "$cli" --batch -o "$work/tavvel.qif" "$file" 2>/dev/null
     [ "$(grep -c '^\^$' "$work/tavvel.qif")" -eq "$count" ] || {
@@ -124,7 +85,50 @@ compare() {
         exit 1
     }
     measure "$n" "$file" "${tools[@]}"
-    report "$count" "$form" "$file" "${tools[@]}"
+    report "$count" "$label" "$file" "${tools[@]}"
+}
+
+# The awk peer: OFX to QIF by searching each line for the tags of a transaction, SGML or XML.
+write_awk_peer() {
+    cat >"$work/ofx2qif.awk" <<'AWK'
+BEGIN { print "!Type:Bank" }
+{ sub(/\r$/, ""); sub(/<\/[A-Z0-9.]+>$/, "") }
+/<DTPOSTED>/ { d = substr($0, index($0, ">") + 1); printf "D%s/%s/%s\n", substr(d, 5, 2), substr(d, 7, 2), substr(d, 1, 4) }
+/<TRNAMT>/   { print "T" substr($0, index($0, ">") + 1) }
+/<CHECKNUM>/ { print "N" substr($0, index($0, ">") + 1) }
+/<NAME>/     { print "P" substr($0, index($0, ">") + 1) }
+/<MEMO>/     { print "M" substr($0, index($0, ">") + 1) }
+/<\/STMTTRN>/ { print "^" }
+AWK
+}
+
+# The Finance::QIF peer: every record read, and written to a new file.
+write_perl_peer() {
+    cat >"$work/finance-qif.pl" <<'PERL'
+use strict;
+use warnings;
+use Finance::QIF;
+my $in = Finance::QIF->new(file => $ARGV[0]);
+my $out = Finance::QIF->new(file => ">" . $ARGV[1]);
+$out->header("Type:Bank");
+while (my $record = $in->next) { $out->write($record) }
+$out->close;
+PERL
+}
+
+# compare_qif COUNT: tavvel-cli, Finance::QIF and wc -l on one bank QIF file, alternately.
+compare_qif() {
+    local count=$1 file="$work/bank-$1.qif" tools=(tavvel-cli finance-qif wc) n=$runs
+    generate_qif "$count" >"$file"
+    "$cli" --batch -o "$work/tavvel.qif" "$file" 2>/dev/null
+    perl "$work/finance-qif.pl" "$file" "$work/finance-qif.qif"
+    [ "$(grep -c '^\^$' "$work/tavvel.qif")" -eq "$count" ] &&
+        [ "$(grep -c '^\^' "$work/finance-qif.qif")" -eq "$count" ] || {
+        echo "tavvel-cli or Finance::QIF did not convert every transaction of $file" >&2
+        exit 1
+    }
+    measure "$n" "$file" "${tools[@]}"
+    report "$count" qif "$file" "${tools[@]}"
 }
 
 # measure RUNS FILE TOOL...: the tools on the file, alternately, RUNS times each.
@@ -150,30 +154,9 @@ report() {
         echo "$count $form $mb $tool $seconds $peak $bytes" >>"$work/results"
         awk -v c="$count" -v f="$form" -v mb="$mb" -v tool="$tool" -v s="$seconds" \
             -v peak="$peak" -v bytes="$bytes" 'BEGIN {
-            printf "%9d %-4s %8.1f  %-10s %10.3f %9.1f %9.1f %8.2f\n", c, f, mb, tool, s,
+            printf "%9d %-4s %8.1f  %-12s %10.3f %9.1f %9.1f %8.2f\n", c, f, mb, tool, s,
                 mb / s, peak / 1024, peak * 1024 / bytes }'
     done
-}
-
-# generate_csv COUNT: a bank's CSV export with COUNT transactions on standard output, drawn
-# as generate draws.
-generate_csv() {
-    awk -v count="$1" '
-    function draw(bound) { seed = (seed * 16807) % 2147483647; return seed % bound }
-    BEGIN {
-        seed = 20240103
-        split("CORNER GROCERY #12|PAYROLL DEPOSIT ACME WIDGETS|CITY POWER AND LIGHT|" \
-              "BEAN THERE CAFE|ATM WITHDRAWAL MAIN ST|TRANSFER TO SAVINGS", payees, "|")
-        print "Posting Date,Check Number,Description,Amount"
-        for (i = 0; i < count; i++) {
-            date = sprintf("%02d/%02d/2024", draw(12) + 1, draw(28) + 1)
-            check = draw(5) == 0 ? 1000 + i % 9000 : ""
-            payee = payees[draw(6) + 1]
-            if (i % 7 == 0) payee = "\"" payee ", INC.\""
-            printf "%s,%s,%s,%s%d.%02d\n", date, check, payee, draw(4) ? "-" : "", draw(2000),
-                draw(100)
-        }
-    }'
 }
 
 # The same columns for both programs: the sample CSV export's input format (the generated
@@ -217,6 +200,11 @@ ratios() {
             line = sprintf("%-15s tavvel-cli / wc -l %7.1f", k, time[k, "tavvel-cli"] / time[k, "wc"])
             if ((k, "ofx2qif") in time)
                 line = line sprintf("   ofx2qif / tavvel-cli %7.1f", time[k, "ofx2qif"] / time[k, "tavvel-cli"])
+            if ((k, "awk") in time)
+                line = line sprintf("   awk / tavvel-cli %7.1f", time[k, "awk"] / time[k, "tavvel-cli"])
+            if ((k, "finance-qif") in time)
+                line = line sprintf("   Finance::QIF / tavvel-cli %7.1f",
+                                    time[k, "finance-qif"] / time[k, "tavvel-cli"])
             if ((k, "hledger") in time)
                 line = line sprintf("   hledger / tavvel-cli: time %7.1f, peak memory %7.1f",
                                     time[k, "hledger"] / time[k, "tavvel-cli"],
@@ -240,13 +228,18 @@ export XDG_CONFIG_HOME=$work/config
 peers=""
 wants ofx && peers+="; ofx2qif: $(dpkg-query -W -f '${Version}' ofx)"
 wants csv && peers+="; $(hledger --version | head -1)"
+wants qif && peers+="; Finance::QIF $(perl -MFinance::QIF -e 'print $Finance::QIF::VERSION')"
+write_awk_peer
+write_perl_peer
 echo "tavvel-cli: $("$cli" --version)$peers; runs: $runs"
-printf "%9s %-4s %8s  %-10s %10s %9s %9s %8s\n" transact form MB tool "median s" MB/s \
+printf "%9s %-4s %8s  %-12s %10s %9s %9s %8s\n" transact form MB tool "median s" MB/s \
     "peak MB" "peak/in"
-if wants ofx; then
-    for count in "${sizes[@]}"; do
+for count in "${sizes[@]}"; do
+    if wants ofx; then
         for form in sgml xml; do compare "$count" "$form"; done
-    done
-fi
+    fi
+    wants card && compare "$count" sgml card
+done
+wants qif && compare_qif "$qif_count"
 wants csv && compare_csv "$csv_count"
 ratios
