@@ -9,6 +9,7 @@
 #include <unicode/smpdtfmt.h>
 #include <unicode/timezone.h>
 #include <unicode/unistr.h>
+#include <unordered_map>
 
 namespace tavvel {
 
@@ -17,9 +18,18 @@ namespace {
 // ICU keeps milliseconds; we keep seconds.
 constexpr double kMillis = 1000.0;
 
+// A statement holds a few hundred distinct days among its thousands of transactions, and ICU
+// formatting costs more than reading the rest of a transaction: each pattern remembers the
+// texts it wrote, up to a bound so that a long session cannot grow it without end.
+struct Formatter {
+    std::unique_ptr<icu::SimpleDateFormat> format;
+    std::unordered_map<double, std::string> written;
+};
+constexpr std::size_t kWrittenKept = 4096;
+
 struct IcuCache {
     std::unique_ptr<icu::Calendar> calendar;
-    std::map<std::string, std::unique_ptr<icu::SimpleDateFormat>, std::less<>> formatters;
+    std::map<std::string, Formatter, std::less<>> formatters;
 };
 
 // Calendars and formatters are costly to build and the scanners ask for dates often; the
@@ -42,10 +52,10 @@ icu::Calendar* localCalendar() {
     return c.calendar.get();
 }
 
-icu::SimpleDateFormat* formatter(std::string_view pattern) {
+Formatter* formatter(std::string_view pattern) {
     IcuCache& c = cache();
     if (auto it = c.formatters.find(pattern); it != c.formatters.end())
-        return it->second.get();
+        return &it->second;
     UErrorCode status = U_ZERO_ERROR;
     auto fmt = std::make_unique<icu::SimpleDateFormat>(
         icu::UnicodeString::fromUTF8(
@@ -54,7 +64,7 @@ icu::SimpleDateFormat* formatter(std::string_view pattern) {
     if (U_FAILURE(status))
         return nullptr;
     fmt->setLenient(true);
-    return c.formatters.emplace(std::string(pattern), std::move(fmt)).first->second.get();
+    return &c.formatters.emplace(std::string(pattern), Formatter{std::move(fmt), {}}).first->second;
 }
 
 // Statement numbers reach here unchecked; ICU's fields are 32-bit.
@@ -126,24 +136,29 @@ Date addDays(Date instant, int days) {
 }
 
 std::string formatDate(Date instant, std::string_view pattern) {
-    icu::SimpleDateFormat* fmt = formatter(pattern);
+    Formatter* fmt = formatter(pattern);
     if (!fmt)
         return {};
+    if (auto known = fmt->written.find(instant.seconds); known != fmt->written.end())
+        return known->second;
     icu::UnicodeString out;
-    fmt->format(instant.seconds * kMillis, out);
+    fmt->format->format(instant.seconds * kMillis, out);
     std::string text;
     out.toUTF8String(text);
+    if (fmt->written.size() >= kWrittenKept)
+        fmt->written.clear();
+    fmt->written.emplace(instant.seconds, text);
     return text;
 }
 
 std::optional<Date> parseDateWithPattern(std::string_view text, std::string_view pattern) {
-    icu::SimpleDateFormat* fmt = formatter(pattern);
-    if (!fmt || text.empty())
+    Formatter* found = formatter(pattern);
+    if (!found || text.empty())
         return std::nullopt;
     icu::UnicodeString input = icu::UnicodeString::fromUTF8(
         icu::StringPiece(text.data(), static_cast<int32_t>(text.size())));
     icu::ParsePosition pos(0);
-    UDate ms = fmt->parse(input, pos);
+    UDate ms = found->format->parse(input, pos);
     if (pos.getErrorIndex() >= 0 || pos.getIndex() == 0)
         return std::nullopt;
     return startOfDay(Date{ms / kMillis});
