@@ -31,7 +31,7 @@ int statusFor(RunEnd end) {
 // The run that runAutomatically started during classification reports only through its
 // closing message.
 int statusOfAutomaticRun(const Controller& controller) {
-    return controller.lastTitle == text::finishedTitle ? kExitOK : kExitRefused;
+    return controller.closingTitle() == text::finishedTitle ? kExitOK : kExitRefused;
 }
 
 bool runsAutomatically(const TvPrefs& prefs) {
@@ -142,7 +142,7 @@ int runConversion(Context& ctx, TerminalDialogs& dialogs, const CliOptions& opti
         return notConverted(input, err);
     if (intake == Intake::imported)
         return kExitOK;
-    if (intake == Intake::formReady && !controller.continuationData) {
+    if (intake == Intake::formReady && !controller.resumesRun()) {
         auto problem = learnWhenWanted(controller, options, dialogs);
         if (!problem)
             problem = fillRunForm(controller, run, ctx.output, err);

@@ -188,7 +188,7 @@ std::optional<RunProblem> setRange(Controller& controller, const RunOptions& run
 
 std::optional<RunProblem> setInputType(Controller& controller, const RunOptions& run) {
     RunForm& form = controller.form();
-    const std::string& kind = controller.controlHelpAnchor; // "QIF", "QFX" or "Text"
+    const std::string& kind = controller.inputKind();
     if (run.qifType && kind != "QIF")
         return usage(std::string(clitext::qifTypeQifOnly));
     if (run.ofxType && kind != "QFX")
