@@ -1,5 +1,6 @@
 #include "CliOptions.h"
 
+#include "CliTexts.h"
 #include "Version.h"
 #include "knowledge/KnowledgeListing.h"
 
@@ -17,8 +18,7 @@ std::string refuseNonFile(const std::string& path) {
     struct stat st {};
     if (::stat(path.c_str(), &st) != 0 || S_ISREG(st.st_mode) || S_ISDIR(st.st_mode))
         return {};
-    return "File is a pipe or a device, not a file: " + path +
-           "; save the statement to a file and name that file";
+    return formatMessage(clitext::statementNotAFile, path);
 }
 
 constexpr const char* kFooter =

@@ -1,5 +1,6 @@
 #include "LearnCommand.h"
 
+#include "CliTexts.h"
 #include "TerminalDialogs.h"
 #include "app/Controller.h"
 
@@ -10,11 +11,11 @@ std::optional<RunProblem> learnWhenWanted(Controller& controller, const CliOptio
     const RunForm& form = controller.form();
     if (!form.textInput) {
         if (options.learn)
-            return RunProblem{kExitUsage, "--learn applies to text statements only"};
+            return RunProblem{kExitUsage, std::string(clitext::learnTextOnly)};
         return std::nullopt;
     }
     if (options.learn && options.batch)
-        return RunProblem{kExitUsage, "--learn asks questions, so it cannot run under --batch"};
+        return RunProblem{kExitUsage, std::string(clitext::learnNotInBatch)};
     std::optional<std::string> name = options.learn;
     if (!name) {
         // A format named on the command line is chosen when the run form is filled in.
@@ -25,7 +26,7 @@ std::optional<RunProblem> learnWhenWanted(Controller& controller, const CliOptio
             return std::nullopt; // the run form refuses the text without a format
     }
     if (controller.learn(*name) == LearnEnd::cancelled)
-        return RunProblem{kExitRefused, "no input format was learned, so nothing was written"};
+        return RunProblem{kExitRefused, std::string(clitext::nothingLearned)};
     return std::nullopt;
 }
 

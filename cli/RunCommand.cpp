@@ -6,6 +6,7 @@
 
 #include "RunCommand.h"
 
+#include "CliTexts.h"
 #include "LearnCommand.h"
 #include "RunFormOptions.h"
 #include "StandardOutputFile.h"
@@ -30,7 +31,7 @@ int statusFor(RunEnd end) {
 // The run that runAutomatically started during classification reports only through its
 // closing message.
 int statusOfAutomaticRun(const Controller& controller) {
-    return controller.lastTitle == text::finishedTitle ? kExitOK : kExitRefused;
+    return controller.closingTitle() == text::finishedTitle ? kExitOK : kExitRefused;
 }
 
 bool runsAutomatically(const TvPrefs& prefs) {
@@ -65,14 +66,14 @@ int refuseRun(Context& ctx, const TvPrefs& before, const RunProblem& problem, st
         ctx.prefs = before;
         ctx.prefs.synchronize();
     }
-    err << "tavvel-cli: " << problem.message << ".\n";
+    errorLine(err, problem.message);
     return problem.status;
 }
 
 // Some of the program's refusals speak of "the input" only: the last line names the file that
 // was left alone.
 int notConverted(const fs::path& input, std::ostream& err) {
-    err << "tavvel-cli: nothing was converted from \"" << input.filename().string() << "\".\n";
+    errorLine(err, formatMessage(clitext::nothingConverted, input.filename().string()));
     return kExitRefused;
 }
 
@@ -80,14 +81,12 @@ int process(Controller& controller, std::ostream& err) {
     RunEnd end = controller.processTheTransactions(true);
     if (end != RunEnd::cancelled)
         return statusFor(end);
-    err << "tavvel-cli: no output file was chosen, so nothing was written; name one with -o.\n";
+    errorLine(err, clitext::noOutputChosen);
     return kExitUsage;
 }
 
 int refuseAutomaticRun(std::ostream& err) {
-    err << "tavvel-cli: the option runAutomatically is on, so the run starts with the last run's "
-           "settings as soon as the statement is read, and the run options cannot apply; leave "
-           "them out, or switch the option off with --unset runAutomatically.\n";
+    errorLine(err, clitext::runsAutomatically);
     return kExitUsage;
 }
 
@@ -98,10 +97,7 @@ bool resumesRun(const fs::path& input) {
 // A continuation file fixes the account, output format, date and number of the run it resumes;
 // an option that would change them is a mistake better said than silently dropped.
 int refuseResumeOptions(const fs::path& input, std::ostream& err) {
-    err << "tavvel-cli: \"" << input.filename().string()
-        << "\" is a continuation file: the stopped run it holds fixed the account, the "
-           "transactions, the output format, date and number, so the run options cannot apply; "
-           "leave them out and name the output file with -o.\n";
+    errorLine(err, formatMessage(clitext::resumeFixesRun, input.filename().string()));
     return kExitUsage;
 }
 
@@ -118,10 +114,13 @@ void reportSkipped(const TerminalDialogs& dialogs, bool batch, std::ostream& err
     std::size_t skipped = dialogs.skippedErrors();
     if (skipped == 0)
         return;
-    err << "tavvel-cli: " << skipped << " error record" << (skipped == 1 ? "" : "s") << " skipped";
+    std::string line = skipped == 1
+                           ? std::string(clitext::oneErrorSkipped)
+                           : formatMessage(clitext::errorsSkipped, std::to_string(skipped));
     if (batch && skipped > TerminalDialogs::kErrorsShownInBatch)
-        err << "; the first " << TerminalDialogs::kErrorsShownInBatch << " are shown above";
-    err << ".\n";
+        line += formatMessage(clitext::firstErrorsShown,
+                              std::to_string(TerminalDialogs::kErrorsShownInBatch));
+    errorLine(err, line);
 }
 
 } // namespace
@@ -143,7 +142,7 @@ int runConversion(Context& ctx, TerminalDialogs& dialogs, const CliOptions& opti
         return notConverted(input, err);
     if (intake == Intake::imported)
         return kExitOK;
-    if (intake == Intake::formReady && !controller.continuationData) {
+    if (intake == Intake::formReady && !controller.resumesRun()) {
         auto problem = learnWhenWanted(controller, options, dialogs);
         if (!problem)
             problem = fillRunForm(controller, run, ctx.output, err);

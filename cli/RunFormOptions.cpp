@@ -5,6 +5,7 @@
 
 #include "RunFormOptions.h"
 
+#include "CliTexts.h"
 #include "DateOption.h"
 #include "app/Controller.h"
 #include "bank/QifInputTypes.h"
@@ -22,7 +23,7 @@ template <typename Names> std::string joined(const Names& names) {
     std::string out;
     for (const auto& name : names)
         out += (out.empty() ? "" : ", ") + std::string(name);
-    return out.empty() ? "(none)" : out;
+    return out.empty() ? std::string(clitext::noneListed) : out;
 }
 
 RunProblem usage(std::string message) {
@@ -47,7 +48,7 @@ std::optional<std::string> oneLineProblem(std::string_view option, std::string_v
     bool control = std::any_of(text.begin(), text.end(),
                                [](unsigned char c) { return c < 0x20 || c == 0x7f; });
     if (text.empty() || control)
-        return std::string(option) + " needs one line of text";
+        return formatMessage(clitext::needsOneLine, option);
     return std::nullopt;
 }
 
@@ -55,9 +56,7 @@ std::optional<std::string> dateShapeProblem(std::string_view option,
                                             const std::optional<std::string>& text) {
     if (!text || looksLikeDate(*text))
         return std::nullopt;
-    return std::string(option) + ": \"" + *text +
-           "\" is not a date; write it as month/day/year (day/month/year for day-first output "
-           "dates)";
+    return formatMessage(clitext::notADate, {option, *text});
 }
 
 } // namespace
@@ -77,25 +76,27 @@ std::optional<std::string> learnProblem(const CliOptions& options) {
     if (!options.learn)
         return std::nullopt;
     if (!options.inputFile)
-        return "--learn needs the text statement FILE to learn the input format from";
+        return std::string(clitext::learnNeedsFile);
     if (options.run.inputFormat)
-        return "--learn and --input-format both name the run's input format; give one of them";
+        return std::string(clitext::learnAndInputFormat);
     return oneLineProblem("--learn", *options.learn);
 }
 
 std::optional<std::string> typeProblem(const RunOptions& run) {
     if (run.qifType && !qifTypeIndex(*run.qifType))
-        return "--qif-type: \"" + *run.qifType + "\" is not one of " + joined(qifTypeNames());
+        return formatMessage(clitext::notOneOf,
+                             {"--qif-type", *run.qifType, joined(qifTypeNames())});
     if (run.ofxType && !ofxTypeIndex(*run.ofxType))
-        return "--ofx-type: \"" + *run.ofxType + "\" is not one of " + joined(kQfxInputTypes);
+        return formatMessage(clitext::notOneOf,
+                             {"--ofx-type", *run.ofxType, joined(kQfxInputTypes)});
     return std::nullopt;
 }
 
 std::optional<std::string> outputProblem(const RunOptions& run) {
     if (run.output && run.output->empty())
-        return "-o needs a file name, or - for standard output";
+        return std::string(clitext::outputNeedsName);
     if (run.append && run.output == "-")
-        return "--append needs an output file; standard output cannot be appended to";
+        return std::string(clitext::appendNeedsFile);
     return std::nullopt;
 }
 
@@ -115,7 +116,7 @@ std::optional<std::string> fixedValueProblem(const RunOptions& run) {
 std::optional<std::string> checkRunOptions(const CliOptions& options) {
     const RunOptions& run = options.run;
     if ((run.setsForm() || run.output) && !options.inputFile)
-        return "the run options need a statement FILE to convert";
+        return std::string(clitext::needsStatementFile);
     for (auto check :
          {learnProblem(options), typeProblem(run), outputProblem(run), fixedValueProblem(run)})
         if (check)
@@ -131,14 +132,14 @@ std::optional<RunProblem> setInputFormat(Controller& controller, const RunOption
     if (!run.inputFormat)
         return std::nullopt;
     if (!controller.form().textInput)
-        return usage("--input-format applies to text statements only");
+        return usage(std::string(clitext::inputFormatTextOnly));
     std::vector<std::string> choices = controller.form().inputFormatChoices();
     bool known = std::any_of(choices.begin(), choices.end(), [&](const std::string& name) {
         return equalIgnoringCase(name, *run.inputFormat);
     });
     if (!known)
-        return usage("--input-format: there is no input format called \"" + *run.inputFormat +
-                     "\"; the input formats are " + joined(choices));
+        return usage(
+            formatMessage(clitext::noInputFormatCalled, {*run.inputFormat, joined(choices)}));
     controller.inputFormatSet(*run.inputFormat);
     return std::nullopt;
 }
@@ -147,20 +148,19 @@ std::optional<RunProblem> setOutputFormat(RunForm& form, const RunOptions& run) 
     std::string name = run.outputFormat.value_or("QIF");
     const auto& choices = form.outputFormatChoices;
     if (std::find(choices.begin(), choices.end(), name) == choices.end())
-        return usage("--output-format: there is no output format called \"" + name +
-                     "\" for this statement; the choices are " + joined(choices));
+        return usage(formatMessage(clitext::noOutputFormatCalled, {name, joined(choices)}));
     form.chooseOutputFormat(name);
     return std::nullopt;
 }
 
 std::string datePatternOf(const OutputFormatting& output) {
-    return output.datePrefix == "d/M" ? "day/month/year" : "month/day/year";
+    return std::string(output.datePrefix == "d/M" ? clitext::dayFirst : clitext::monthFirst);
 }
 
 std::optional<RunProblem> rangeProblem(const RunForm& form) {
     if (form.dateRangeOK)
         return std::nullopt;
-    return usage("the range " + form.dateFrom + " to " + form.dateTo + " ends before it starts");
+    return usage(formatMessage(clitext::rangeBackwards, {form.dateFrom, form.dateTo}));
 }
 
 std::optional<RunProblem> setRange(Controller& controller, const RunOptions& run,
@@ -178,8 +178,8 @@ std::optional<RunProblem> setRange(Controller& controller, const RunOptions& run
     }
     for (auto [option, text] : {std::pair{"--from", run.dateFrom}, std::pair{"--to", run.dateTo}})
         if (text && !readDateOption(*text, output))
-            return usage(std::string(option) + ": \"" + *text + "\" is not a day written " +
-                         datePatternOf(output));
+            return usage(
+                formatMessage(clitext::notADayWritten, {option, *text, datePatternOf(output)}));
     form.chooseRange(2);
     form.setDateFrom(*run.dateFrom);
     form.setDateTo(run.dateTo.value_or("")); // an empty range field is today
@@ -188,11 +188,11 @@ std::optional<RunProblem> setRange(Controller& controller, const RunOptions& run
 
 std::optional<RunProblem> setInputType(Controller& controller, const RunOptions& run) {
     RunForm& form = controller.form();
-    const std::string& kind = controller.controlHelpAnchor; // "QIF", "QFX" or "Text"
+    const std::string& kind = controller.inputKind();
     if (run.qifType && kind != "QIF")
-        return usage("--qif-type applies to QIF input only");
+        return usage(std::string(clitext::qifTypeQifOnly));
     if (run.ofxType && kind != "QFX")
-        return usage("--ofx-type applies to OFX and QFX input only");
+        return usage(std::string(clitext::ofxTypeOfxOnly));
     if (kind == "QIF")
         form.chooseQifType(run.qifType ? *qifTypeIndex(*run.qifType) : 0);
     if (kind == "QFX")
@@ -210,8 +210,8 @@ std::optional<RunProblem> setSameDateAndNumber(RunForm& form, const RunOptions& 
         return std::nullopt;
     auto date = readDateOption(*run.sameDate, output);
     if (!date)
-        return usage("--same-date: \"" + *run.sameDate + "\" is not a day written " +
-                     datePatternOf(output));
+        return usage(formatMessage(clitext::notADayWritten,
+                                   {"--same-date", *run.sameDate, datePatternOf(output)}));
     form.setOutputDate(*date);
     return std::nullopt;
 }
@@ -227,21 +227,20 @@ std::optional<RunProblem> checkNamedAccount(const RunForm& form) {
     if (!form.accountBoxVisible || form.allowAnyAccountName || form.accountText.empty() ||
         offers(form, form.accountText))
         return std::nullopt;
-    return usage("the statement names the account \"" + form.accountText +
-                 "\", which is not a known " + form.accountType +
-                 " account; choose one with --account: " + joined(form.accountChoices));
+    return usage(formatMessage(clitext::unknownNamedAccount,
+                               {form.accountText, form.accountType, joined(form.accountChoices)}));
 }
 
 std::optional<RunProblem> setAccount(RunForm& form, const RunOptions& run, std::ostream& err) {
     if (!run.account)
         return checkNamedAccount(form);
     if (!form.accountBoxVisible) {
-        err << "tavvel-cli: --account has no use here: this output names no account.\n";
+        errorLine(err, clitext::accountNotUsed);
         return std::nullopt;
     }
     if (!form.allowAnyAccountName && !offers(form, *run.account))
-        return usage("--account: there is no " + form.accountType + " account called \"" +
-                     *run.account + "\"; the accounts are " + joined(form.accountChoices));
+        return usage(formatMessage(clitext::noAccountCalled,
+                                   {form.accountType, *run.account, joined(form.accountChoices)}));
     form.setAccountText(*run.account);
     return std::nullopt;
 }
@@ -254,9 +253,7 @@ std::optional<RunProblem> setAppend(RunForm& form, const RunOptions& run) {
     std::error_code ec;
     if (run.output && !std::filesystem::exists(*run.output, ec))
         return std::nullopt; // nothing to append to yet: a new file
-    return usage("--append: QIF output is appended only to a file that begins with "
-                 "\"!Account\", while the option append is on (--set append) and an account is "
-                 "known");
+    return usage(std::string(clitext::appendRefused));
 }
 
 std::optional<RunProblem> checkReady(const RunForm& form) {
@@ -264,17 +261,10 @@ std::optional<RunProblem> checkReady(const RunForm& form) {
     if (form.processEnabled() || form.choosesInputAccount())
         return std::nullopt;
     if (form.textInput)
-        return RunProblem{kExitRefused,
-                          "no stored input format fits this text, so it cannot be read; learn "
-                          "an input format for this statement, or import one from a .tvfm file "
-                          "(tavvel-cli FORMAT.tvfm), then convert it again (--input-format NAME "
-                          "chooses a stored one)"};
+        return RunProblem{kExitRefused, std::string(clitext::noFormatFits)};
     if (form.accountChoices.empty())
-        return RunProblem{kExitRefused,
-                          "the option append needs an account of this kind, and none is known; "
-                          "import the accounts from a QIF export first"};
-    return usage("choose the account with --account; the accounts are " +
-                 joined(form.accountChoices));
+        return RunProblem{kExitRefused, std::string(clitext::appendNeedsAccounts)};
+    return usage(formatMessage(clitext::chooseAccount, joined(form.accountChoices)));
 }
 
 } // namespace

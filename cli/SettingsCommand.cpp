@@ -4,6 +4,7 @@
 
 #include "SettingsCommand.h"
 
+#include "CliTexts.h"
 #include "OptionControls.h"
 #include "context/Context.h"
 #include "prefs/OutputFormatting.h"
@@ -55,22 +56,21 @@ std::optional<std::string> valueProblem(const ValuedSetting& setting, std::strin
     using Kind = ValuedSetting::Kind;
     std::string key(setting.key);
     if (setting.kind == Kind::precision && !readPrecision(value))
-        return key + " must be a whole number from 2 to 6, not \"" + std::string(value) + "\"";
+        return formatMessage(clitext::notAPrecision, {key, value});
     bool boolean = setting.kind == Kind::updateChecks || setting.kind == Kind::dayFirstAtStart;
     if (boolean && !readBoolean(value))
-        return key + " must be true or false, not \"" + std::string(value) + "\"";
+        return formatMessage(clitext::notABoolean, {key, value});
     if (value.find_first_of("\r\n") != std::string_view::npos)
-        return key + " must be one line of text";
+        return formatMessage(clitext::settingOneLine, key);
     return std::nullopt;
 }
 
 Reading readValueChange(std::string_view key, std::string_view value) {
     auto setting = valuedSettingFor(key);
     if (!setting && optionControlFor(key))
-        return std::string(key) + " is an option: use --set " + std::string(key) + " or --unset " +
-               std::string(key);
+        return formatMessage(clitext::isAnOption, {key, key, key});
     if (!setting)
-        return "there is no setting called " + std::string(key) + " (--settings lists them)";
+        return formatMessage(clitext::noSuchSetting, key);
     if (auto problem = valueProblem(*setting, value))
         return *problem;
     return Change(ValueChange{*setting, std::string(value)});
@@ -82,12 +82,12 @@ Reading readChange(const SettingChange& change) {
         return readValueChange(std::string_view(change.text).substr(0, equals),
                                std::string_view(change.text).substr(equals + 1));
     if (equals != std::string::npos)
-        return "--unset takes an option name, not \"" + change.text + "\"";
+        return formatMessage(clitext::unsetTakesName, change.text);
     if (auto control = optionControlFor(change.text))
         return Change(OptionChange{*control, change.on});
     if (valuedSettingFor(change.text))
-        return change.text + " takes a value: use --set " + change.text + "=VALUE";
-    return "there is no option called \"" + change.text + "\" (--settings lists them)";
+        return formatMessage(clitext::takesAValue, {change.text, change.text});
+    return formatMessage(clitext::noSuchOption, change.text);
 }
 
 // Why the dialog would not let this switch be turned on now; nothing when it would.
@@ -95,10 +95,8 @@ std::optional<std::string> disabledReason(const PreferencesForm& form, const Opt
     if (c.isChoice || form.switchEnabled(c.switchControl))
         return std::nullopt;
     if (c.switchControl == Switch::showAllAccountNames)
-        return std::string(c.name) + " can be switched on only while append is on";
-    return std::string(c.name) +
-           " can be switched on only while none of baseCategoriesOnCategories, "
-           "useCategoriesIfPresent and dontAddCategories is on";
+        return formatMessage(clitext::onlyWhileAppend, c.name);
+    return formatMessage(clitext::onlyWithoutCategoryChoice, c.name);
 }
 
 std::optional<std::string> changeOption(PreferencesForm& form, const OptionChange& change) {
@@ -185,7 +183,7 @@ int applySettingChanges(Context& ctx, const std::vector<SettingChange>& changes,
     for (const SettingChange& change : changes) {
         Reading reading = readChange(change);
         if (auto* problem = std::get_if<std::string>(&reading)) {
-            err << "tavvel-cli: " << *problem << "; nothing was changed.\n";
+            errorLine(err, formatMessage(clitext::nothingChanged, *problem));
             return kExitUsage;
         }
         read.push_back(std::get<Change>(reading));
@@ -194,7 +192,7 @@ int applySettingChanges(Context& ctx, const std::vector<SettingChange>& changes,
     OutputFormatting scratchOutput = ctx.output;
     for (const Change& change : read)
         if (auto reason = makeChange(scratch, scratchOutput, change)) {
-            err << "tavvel-cli: " << *reason << "; nothing was changed.\n";
+            errorLine(err, formatMessage(clitext::nothingChanged, *reason));
             return kExitUsage;
         }
     for (const Change& change : read)

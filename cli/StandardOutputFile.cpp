@@ -1,5 +1,7 @@
 #include "StandardOutputFile.h"
 
+#include "CliTexts.h"
+
 #include <cstdlib>
 #include <fstream>
 #include <stdexcept>
@@ -13,9 +15,7 @@ std::filesystem::path temporaryFolder() {
     std::error_code ec;
     std::filesystem::path folder = std::filesystem::temp_directory_path(ec);
     if (ec)
-        throw std::runtime_error("the temporary folder (TMPDIR) is missing or not a folder, so "
-                                 "standard output cannot be prepared; set TMPDIR to a folder "
-                                 "that exists");
+        throw std::runtime_error(std::string(clitext::temporaryFolderMissing));
     return folder;
 }
 
@@ -24,9 +24,9 @@ std::filesystem::path temporaryFolder() {
 StandardOutputFile::StandardOutputFile() {
     std::string pattern = (temporaryFolder() / "tavvel-cli-XXXXXX").string();
     if (!::mkdtemp(pattern.data()))
-        throw std::runtime_error("cannot create a temporary folder in " +
-                                 std::filesystem::path(pattern).parent_path().string() +
-                                 " for standard output; set TMPDIR to a writable folder");
+        throw std::runtime_error(
+            formatMessage(clitext::temporaryFolderNotWritable,
+                          std::filesystem::path(pattern).parent_path().string()));
     folder_ = pattern;
     path_ = folder_ / "standard output";
 }

@@ -1,6 +1,7 @@
 // tavvel-cli: the conversion run in a terminal.
 
 #include "CliOptions.h"
+#include "CliTexts.h"
 #include "RunCommand.h"
 #include "RunFormOptions.h"
 #include "SettingsCommand.h"
@@ -13,6 +14,7 @@
 
 #include <filesystem>
 #include <iostream>
+#include <sstream>
 
 using namespace tavvel;
 
@@ -30,12 +32,12 @@ std::optional<int> knowledgeCommand(const CliOptions& options, Context& ctx,
     if (options.exportFormat) {
         const auto& [name, file] = *options.exportFormat;
         if (!formats.formatForName(name)) {
-            std::cerr << "tavvel-cli: there is no input format named \"" << name << "\".\n";
+            errorLine(std::cerr, formatMessage(clitext::noInputFormatNamed, name));
             return 1;
         }
         if (exportFormat(formats, name, file, dialogs))
             return 0;
-        std::cerr << "tavvel-cli: the input format could not be written to " << file << ".\n";
+        errorLine(std::cerr, formatMessage(clitext::formatNotWritten, file));
         return 1;
     }
     if (options.inputFile && isFormatFile(*options.inputFile)) {
@@ -49,7 +51,7 @@ std::optional<int> knowledgeCommand(const CliOptions& options, Context& ctx,
 // What the command line alone shows to be wrong, found before start-up changes anything.
 std::optional<std::string> usageProblem(const CliOptions& options) {
     if (auto problem = checkSettingChanges(options.changes))
-        return *problem + "; nothing was changed";
+        return formatMessage(clitext::nothingChanged, *problem);
     return checkRunOptions(options);
 }
 
@@ -65,15 +67,16 @@ int run(int argc, char** argv) {
     }
     const CliOptions& options = *parse.options;
     if (auto problem = usageProblem(options)) {
-        std::cerr << "tavvel-cli: " << *problem << ".\n";
+        errorLine(std::cerr, *problem);
         return kExitUsage;
     }
 
     auto configFile = Configuration::locateForRunning(argv[0]);
     auto config = Configuration::load(configFile);
     if (!config) {
-        std::cerr << "tavvel-cli: the configuration file " << configFile
-                  << " is missing or damaged; reinstall Tavvel.\n";
+        std::ostringstream quoted;
+        quoted << configFile; // a path is written quoted
+        errorLine(std::cerr, formatMessage(clitext::configurationMissing, quoted.str()));
         return kExitRefused;
     }
     Context ctx(std::move(*config), Clock::system(), Places::forCurrentUser());
@@ -104,9 +107,9 @@ int main(int argc, char** argv) {
     try {
         return run(argc, argv);
     } catch (const std::exception& error) {
-        std::cerr << "tavvel-cli: " << error.what() << ".\n";
+        errorLine(std::cerr, error.what());
     } catch (...) {
-        std::cerr << "tavvel-cli: an unexpected error stopped the run.\n";
+        errorLine(std::cerr, clitext::unexpectedError);
     }
     return kExitRefused;
 }

@@ -250,7 +250,7 @@ void RunFormView::refreshFixedFields() {
 }
 
 void RunFormView::refreshInput() {
-    inputFrom_->setText(qt(controller_.inputFrom));
+    inputFrom_->setText(qt(controller_.inputFrom()));
     showRow(qifType_, form_.qifTypeShown());
     qifType_->setCurrentIndex(form_.qifType);
     showRow(qfxType_, form_.qfxTypeShown());

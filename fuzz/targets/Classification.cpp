@@ -27,9 +27,7 @@ int classification(const std::uint8_t* data, std::size_t size) {
     normaliseInputText(bytes);
     if (decodeEightBitText(bytes))
         check(isValidUtf8(bytes), "intake made text that is not UTF-8");
-    controller.fileAsString = std::move(bytes);
-    controller.source = "fuzz input";
-    Intake intake = controller.processInput();
+    Intake intake = controller.processText(std::move(bytes), "fuzz input");
     if (intake == Intake::refused) {
         check(!dialogs.messages().empty(), "an input refused without a message");
         check(!ctx.processing, "a refused input left a run under way");
@@ -39,7 +37,7 @@ int classification(const std::uint8_t* data, std::size_t size) {
         return 0;
     RunEnd end = controller.processTheTransactions();
     if (end == RunEnd::written)
-        check(std::filesystem::exists(controller.outputFilePath), "a written run left no file");
+        check(std::filesystem::exists(controller.outputFile()), "a written run left no file");
     return 0;
 }
 

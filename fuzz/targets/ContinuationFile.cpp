@@ -20,10 +20,10 @@ void openAndResume(const std::filesystem::path& file, const std::filesystem::pat
     Intake intake = controller.actuallyProcessFile(file.string());
     if (intake == Intake::refused) {
         check(!dialogs.messages().empty(), "a continuation refused without a message");
-        check(!controller.continuationData, "a refused continuation is still held");
+        check(!controller.resumesRun(), "a refused continuation is still held");
         return;
     }
-    check(controller.continuationData.has_value(), "a .tvcn file opened as something else");
+    check(controller.resumesRun(), "a .tvcn file opened as something else");
     if (intake == Intake::formReady)
         controller.processTheTransactions();
 }

@@ -68,16 +68,16 @@ Controller::Controller(Context& ctx, Dialogs& dialogs)
 void Controller::statusAlert(std::string_view title, std::string_view format,
                              std::string_view argument) {
     doneWithFile();
-    lastTitle = std::string(title);
+    lastTitle_ = std::string(title);
     // Some refusals name no source: their text is complete as it stands.
-    lastMessage =
+    lastMessage_ =
         placeholderCount(format) == 0 ? std::string(format) : formatMessage(format, argument);
-    dialogs_.alert(lastTitle, lastMessage);
+    dialogs_.alert(lastTitle_, lastMessage_);
 }
 
 Intake Controller::refuse(std::string_view title, std::string_view format) {
-    continuationData.reset(); // a refused continuation is not being resumed
-    statusAlert(title, format, source);
+    continuationData_.reset(); // a refused continuation is not being resumed
+    statusAlert(title, format, source_);
     return Intake::refused;
 }
 
@@ -89,23 +89,23 @@ Intake Controller::actuallyProcessFile(const std::string& path) {
     std::filesystem::path file(path);
     ctx_.prefs.setObject(prefkey::LastRootDirectory, Value(file.parent_path().string()));
     ctx_.prefs.synchronize();
-    continuationData.reset();
+    continuationData_.reset();
     if (file.extension() == ".tvcn")
         return openContinuation(file);
-    source = formatMessage(text::sourceFile, file.filename().string());
-    inputFrom = file.filename().string();
+    source_ = formatMessage(text::sourceFile, file.filename().string());
+    inputFrom_ = file.filename().string();
     auto bytes = readWholeFile(file);
     if (!bytes)
         return refuse(text::unreadableInputTitle, text::unreadableInput);
     if (!takeInStatementText(*bytes))
         return refuse(text::invalidInputTitle, text::notAStatement);
-    fileAsString = std::move(*bytes);
+    fileAsString_ = std::move(*bytes);
     return processInput();
 }
 
 Intake Controller::openContinuation(const std::filesystem::path& file) {
-    source = formatMessage(text::sourceContinuation, file.filename().string());
-    inputFrom = file.filename().string();
+    source_ = formatMessage(text::sourceContinuation, file.filename().string());
+    inputFrom_ = file.filename().string();
     PlistRead read = readPropertyListFile(file);
     if (read.status == PlistReadStatus::Missing || read.status == PlistReadStatus::Unreadable)
         return refuse(text::unreadableInputTitle, text::unreadableInput);
@@ -113,8 +113,8 @@ Intake Controller::openContinuation(const std::filesystem::path& file) {
         return refuse(text::continuationInvalidTitle, text::continuationUndecodable);
     if (!read.ok() || !resumableContinuation(read.value.dictionary()))
         return refuse(text::continuationInvalidTitle, text::continuationDamaged);
-    continuationData = read.value.dictionary();
-    fileAsString = textOf(*continuationData, contkey::fileAsString);
+    continuationData_ = read.value.dictionary();
+    fileAsString_ = textOf(*continuationData_, contkey::fileAsString);
     return processInput();
 }
 
@@ -123,39 +123,46 @@ Intake Controller::processClipboard(const std::optional<std::string>& text) {
         dialogs_.alert(std::string(text::clipboardEmptyTitle), std::string(text::clipboardEmpty));
         return Intake::refused;
     }
-    doingClipboard = true;
-    fileAsString = clipboardAsGiven_ = *text;
-    inputFrom = std::string(text::clipboard);
-    source = std::string(text::sourceClipboard);
-    continuationData.reset();
+    doingClipboard_ = true;
+    fileAsString_ = clipboardAsGiven_ = *text;
+    inputFrom_ = std::string(text::clipboard);
+    source_ = std::string(text::sourceClipboard);
+    continuationData_.reset();
     return processInput();
 }
 
 bool Controller::applicationDidBecomeActive(const std::optional<std::string>& clipboard) {
-    justActivated = true;
-    if (ctx_.processing || !clipboard || clipboard->empty() || *clipboard == lastProcessedClipboard)
+    justActivated_ = true;
+    if (ctx_.processing || !clipboard || clipboard->empty() ||
+        *clipboard == lastProcessedClipboard_)
         return false;
     std::int64_t length = 0;
     if (!findDateSlash(*clipboard, length) && !findDateDash(*clipboard, length) &&
         !findDateLong(*clipboard, length, ctx_.config))
         return false;
-    fileAsString = *clipboard;
-    inputFrom = std::string(text::clipboard);
-    source = std::string(text::sourceClipboard);
-    continuationData.reset();
+    fileAsString_ = *clipboard;
+    inputFrom_ = std::string(text::clipboard);
+    source_ = std::string(text::sourceClipboard);
+    continuationData_.reset();
     return true;
 }
 
+Intake Controller::processText(std::string text, std::string source) {
+    fileAsString_ = std::move(text);
+    source_ = std::move(source);
+    return processInput();
+}
+
 Intake Controller::processInput() {
-    justActivated = false;
+    justActivated_ = false;
     // Statements hardly ever hold a NUL: finding none costs far less than rewriting every byte.
-    if (fileAsString.find('\0') != std::string::npos)
-        std::replace(fileAsString.begin(), fileAsString.end(), '\0', ' ');
-    account.reset();
-    fileAsLines.clear();
-    skippedLines = 0;
+    if (fileAsString_.find('\0') != std::string::npos)
+        std::replace(fileAsString_.begin(), fileAsString_.end(), '\0', ' ');
+    account_.reset();
+    fileAsLines_.clear();
+    skippedLines_ = 0;
     // A continuation holds the run's output so far, which is never OFX, whatever its memos say.
-    if (!continuationData && looksLikeOfx(fileAsString))
+    if (!continuationData_ && looksLikeOfx(fileAsString_))
         return classifyOFX();
     return classifyLines();
 }
@@ -191,10 +198,10 @@ int Controller::accountKindFor(int gType) const {
 }
 
 Intake Controller::classifyOFX() {
-    doingExtract = doingClipboard = false;
+    doingExtract_ = doingClipboard_ = false;
     // Statements of several accounts are never merged: the run form offers their accounts.
-    std::vector<std::string> accounts = ofxAccountsToChooseFrom(fileAsString);
-    account = accounts.empty() ? ofxAccount(fileAsString) : std::nullopt;
+    std::vector<std::string> accounts = ofxAccountsToChooseFrom(fileAsString_);
+    account_ = accounts.empty() ? ofxAccount(fileAsString_) : std::nullopt;
     if (!passesRunChecks())
         return Intake::refused;
     struct Kind {
@@ -207,25 +214,25 @@ Intake Controller::classifyOFX() {
                               {"<INVSTMTMSGSRSV", kTypeInvestment, "Investment"}};
     const Kind* found = nullptr;
     for (const Kind& kind : kinds)
-        if (!found && contains(fileAsString, kind.marker))
+        if (!found && contains(fileAsString_, kind.marker))
             found = &kind;
     if (!found)
         return refuse(text::invalidInputTitle, text::ofxNotBankOrCard);
     ctx_.gType = found->gType;
     std::string shown(found->shown);
     // Until an account is chosen, a bank account and a card are either.
-    if (!accounts.empty() && ofxKindsDiffer(fileAsString)) {
+    if (!accounts.empty() && ofxKindsDiffer(fileAsString_)) {
         ctx_.gType = kTypeBankOrCreditCard;
         shown = "Bank or Credit Card";
     }
-    form_.setInput({false, shown, accountKindFor(ctx_.gType), account, true, std::move(accounts)});
+    form_.setInput({false, shown, accountKindFor(ctx_.gType), account_, true, std::move(accounts)});
     form_.qfxType = 0;
-    controlHelpAnchor = "QFX";
+    controlHelpAnchor_ = "QFX";
     return endClassification();
 }
 
 Intake Controller::classifyLines() {
-    lines_ = findLineViews(fileAsString, linesWithoutCR_);
+    lines_ = findLineViews(fileAsString_, linesWithoutCR_);
     Intake intake = classifyLineViews();
     // The views may point into text that has changed since.
     std::vector<std::string_view>().swap(lines_);
@@ -234,16 +241,16 @@ Intake Controller::classifyLines() {
 }
 
 Intake Controller::classifyLineViews() {
-    if (continuationData)
+    if (continuationData_)
         return classifyResumedOutput();
     std::size_t start = 0;
-    int result = ImportQuickenExport(ctx_.prefs, dialogs_).process(lines_, start, source);
+    int result = ImportQuickenExport(ctx_.prefs, dialogs_).process(lines_, start, source_);
     if (result > 0 && (result & (ImportQuickenExport::kAccountsReplaced |
                                  ImportQuickenExport::kCategoriesReplaced)))
         Categories(ctx_.prefs).updateAccounts();
     if (result == ImportQuickenExport::kMalformed)
         dialogs_.alert(std::string(text::listImportTitle),
-                       formatMessage(text::listImportCorrupted, source));
+                       formatMessage(text::listImportCorrupted, source_));
     if (result <= 0)
         start = 0;
     if (auto part = qifTransactionPart(lines_)) {
@@ -252,7 +259,7 @@ Intake Controller::classifyLineViews() {
         if (part->skipped > 0)
             dialogs_.alert(
                 std::string(text::qifSectionsSkippedTitle),
-                formatMessage(text::qifSectionsSkipped, {source, std::to_string(part->skipped)}));
+                formatMessage(text::qifSectionsSkipped, {source_, std::to_string(part->skipped)}));
         // The lines after the register are lists or other registers, never its transactions.
         lines_.resize(part->end);
         start = part->begin;
@@ -268,12 +275,12 @@ Intake Controller::classifyLineViews() {
 Intake Controller::classifyQIF(std::size_t head) {
     bool recordEnds = std::any_of(lines_.begin() + static_cast<std::ptrdiff_t>(head), lines_.end(),
                                   [](std::string_view l) { return l.empty() || l == "^"; });
-    bool resuming = continuationData.has_value();
+    bool resuming = continuationData_.has_value();
     if (lines_[head] == "!Account")
         if (auto refused = enterAccount(head, resuming))
             return *refused;
     if (!isQifHead(lines_[head], recordEnds))
-        return continuationData ? classifyUndecided() : extract();
+        return continuationData_ ? classifyUndecided() : extract();
     return acceptQIF(head, recordEnds, resuming);
 }
 
@@ -285,7 +292,7 @@ std::optional<Intake> Controller::enterAccount(std::size_t& head, bool resuming)
     if (!resuming && std::find(after, lines_.end(), "!Account") != lines_.end())
         return refuse(text::invalidInputTitle, text::multipleAccounts);
     if (head + 1 < lines_.size())
-        account =
+        account_ =
             std::string(lines_[head + 1].substr(std::min<std::size_t>(1, lines_[head + 1].size())));
     auto type = std::find_if(after, lines_.end(), [](std::string_view l) {
         return startsWith(l, "!Type") || startsWith(l, "!TYPE");
@@ -300,7 +307,7 @@ std::optional<Intake> Controller::enterAccount(std::size_t& head, bool resuming)
 // The input is QIF from head on: check the run may go ahead, take the account type from the
 // header and keep the lines that follow it.
 Intake Controller::acceptQIF(std::size_t head, bool recordEnds, bool resuming) {
-    doingExtract = doingClipboard = false;
+    doingExtract_ = doingClipboard_ = false;
     if (!passesRunChecks())
         return Intake::refused;
     // Some exporters leave a blank after the header ("!Type:Bank ").
@@ -314,14 +321,14 @@ Intake Controller::acceptQIF(std::size_t head, bool recordEnds, bool resuming) {
     if (resuming)
         form_.qifType = 0;
     int kind = investment ? 2 : accountKindFor(ctx_.gType);
-    form_.setInput({false, shown, kind, account});
+    form_.setInput({false, shown, kind, account_});
     std::size_t skip = bankOrCard ? head + 1 : head;
-    fileAsLines.assign(lines_.begin() + static_cast<std::ptrdiff_t>(skip), lines_.end());
+    fileAsLines_.assign(lines_.begin() + static_cast<std::ptrdiff_t>(skip), lines_.end());
     // A header vouches for QIF on its own; its last record then ends where the text ends.
     if (!recordEnds && !resuming)
-        fileAsLines.emplace_back("^");
-    skippedLines = skip;
-    controlHelpAnchor = "QIF";
+        fileAsLines_.emplace_back("^");
+    skippedLines_ = skip;
+    controlHelpAnchor_ = "QIF";
     return endClassification();
 }
 
@@ -369,15 +376,15 @@ Intake Controller::classifyResumedOutput() {
 }
 
 Intake Controller::classifyUndecided() {
-    doingExtract = doingClipboard = false;
+    doingExtract_ = doingClipboard_ = false;
     if (!passesRunChecks())
         return Intake::refused;
     ctx_.gType = kTypeBankOrCreditCard;
     form_.qifType = 0;
-    form_.setInput({false, "Bank or Credit Card", accountKindFor(ctx_.gType), account});
-    std::vector<std::string>().swap(fileAsLines);
-    skippedLines = 0;
-    controlHelpAnchor = "QIF";
+    form_.setInput({false, "Bank or Credit Card", accountKindFor(ctx_.gType), account_});
+    std::vector<std::string>().swap(fileAsLines_);
+    skippedLines_ = 0;
+    controlHelpAnchor_ = "QIF";
     return endClassification();
 }
 
@@ -399,11 +406,11 @@ void Controller::continueFromWhereIStoppedLastTime() {
 Intake Controller::endClassification() {
     ctx_.processing = true;
     fillInTransactionPart();
-    if (continuationData) {
-        account = textOf(*continuationData, contkey::account);
-        const Dictionary& c = *continuationData;
+    if (continuationData_) {
+        account_ = textOf(*continuationData_, contkey::account);
+        const Dictionary& c = *continuationData_;
         form_.showContinuation(
-            {*account, textOf(c, contkey::outputFormatText), textOf(c, contkey::outputDateString),
+            {*account_, textOf(c, contkey::outputFormatText), textOf(c, contkey::outputDateString),
              textOf(c, contkey::outputNumberString), find(c, contkey::sameDateSwitch)->toBool(),
              find(c, contkey::sameNumberSwitch)->toBool()});
         if (!form_.processEnabled())

@@ -65,7 +65,7 @@ public:
     // applicationDidBecomeActive: — true when the clipboard holds new text with a date, so
     // the front end should call processInput() once after 1.0 second.
     bool applicationDidBecomeActive(const std::optional<std::string>& clipboard);
-    // processInput — classification of fileAsString.
+    // processInput — classification of the input text.
     Intake processInput();
 
     // processTheTransactions: — the process button. `mainWindowVisible` is false when the run
@@ -84,26 +84,32 @@ public:
     // account type and kind it implies; a name that names no format leaves the text unknown.
     void inputFormatSet(std::string name);
 
+    // processText — classification of a statement's text that has passed intake, named in
+    // messages by `source` (e.g. "File \"statement.qif\"").
+    Intake processText(std::string text, std::string source);
+
     RunForm& form() { return form_; }
     OutputFormats& outputFormats() { return writer_; }
 
-    // Run state.
-    std::string fileAsString;
-    std::vector<std::string> fileAsLines;
-    std::size_t skippedLines = 0;
-    std::string source;
-    std::string inputFrom;
-    std::optional<Dictionary> continuationData;
-    bool doingClipboard = false;
-    bool doingExtract = false;
-    std::string lastProcessedClipboard;
-    std::string controlHelpAnchor;
-    std::optional<std::string> account;
-    bool justActivated = false;
-    std::string outputFilePath;
-    std::string outputFileAsString;
+    // The input as the run form shows it ("bank.ofx", "Clipboard"), and as messages name it.
+    const std::string& inputFrom() const { return inputFrom_; }
+    const std::string& source() const { return source_; }
+    // The input's text after intake.
+    const std::string& inputText() const { return fileAsString_; }
+    // The kind of input ("QIF", "QFX" or "Text"), which is also its help page's anchor.
+    const std::string& inputKind() const { return controlHelpAnchor_; }
+    // Whether the input is a continuation file whose stopped run is resumed.
+    bool resumesRun() const { return continuationData_.has_value(); }
+    // Whether the application became active since the last input: a file opened then is
+    // taken even while a run is under way.
+    bool justActivated() const { return justActivated_; }
+    // The output file of the last run.
+    const std::string& outputFile() const { return outputFilePath_; }
     // The closing message of the last run (title and text), for front ends that report it.
-    std::string lastTitle, lastMessage;
+    const std::string& closingTitle() const { return lastTitle_; }
+    const std::string& closingMessage() const { return lastMessage_; }
+    // For a front end's test: the clipboard's text as if a run had processed it.
+    void rememberProcessedClipboard(std::string text) { lastProcessedClipboard_ = std::move(text); }
 
 private:
     Intake refuse(std::string_view title, std::string_view format);
@@ -139,6 +145,23 @@ private:
 
     Context& ctx_;
     Dialogs& dialogs_;
+    // The run's input and what classification found in it.
+    std::string fileAsString_;
+    std::vector<std::string> fileAsLines_;
+    std::size_t skippedLines_ = 0;
+    std::string source_;
+    std::string inputFrom_;
+    std::optional<Dictionary> continuationData_;
+    bool doingClipboard_ = false;
+    bool doingExtract_ = false;
+    std::string lastProcessedClipboard_;
+    std::string controlHelpAnchor_;
+    std::optional<std::string> account_;
+    bool justActivated_ = false;
+    // The run's output.
+    std::string outputFilePath_;
+    std::string outputFileAsString_;
+    std::string lastTitle_, lastMessage_;
     OutputFormats writer_;
     RunForm form_;
     ErrorWarning warning_;

@@ -18,7 +18,8 @@ LearnEnd Controller::learn(const std::string& name) {
     }
     Extract extract(ctx_);
     LearnFormat learning(ctx_, dialogs_, extract);
-    std::optional<Dictionary> learned = learning.learnFromString(fileAsString, fileAsString, name);
+    std::optional<Dictionary> learned =
+        learning.learnFromString(fileAsString_, fileAsString_, name);
     if (!learned)
         return LearnEnd::cancelled;
     inputFormatSet(textOf(*learned, "Name"));

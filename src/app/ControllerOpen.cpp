@@ -21,7 +21,7 @@ FileChoice openPanelChoice(const TvPrefs& prefs) {
 } // namespace
 
 std::optional<Intake> Controller::processFile() {
-    justActivated = false;
+    justActivated_ = false;
     auto path = dialogs_.chooseFileToOpen(openPanelChoice(ctx_.prefs));
     if (!path)
         return std::nullopt;
@@ -29,7 +29,7 @@ std::optional<Intake> Controller::processFile() {
 }
 
 std::optional<Intake> Controller::applicationOpenFile(const std::string& path) {
-    if (!justActivated && ctx_.processing)
+    if (!justActivated_ && ctx_.processing)
         return std::nullopt;
     return actuallyProcessFile(path);
 }

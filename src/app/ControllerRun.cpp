@@ -65,17 +65,17 @@ std::string fileNameDate(std::string date) {
 } // namespace
 
 Intake Controller::extract() {
-    doingExtract = true;
+    doingExtract_ = true;
     // Text is read from fileAsString alone; its lines would only hold memory through the run.
-    std::vector<std::string>().swap(fileAsLines);
-    controlHelpAnchor = "Text";
+    std::vector<std::string>().swap(fileAsLines_);
+    controlHelpAnchor_ = "Text";
     if (optionOn(ctx_.prefs, option::append) && !checkAccountsForAppend())
         return Intake::refused;
-    fileAsString.erase(0, fileAsString.find_first_not_of(" \t\r\n\f\v"));
+    fileAsString_.erase(0, fileAsString_.find_first_not_of(" \t\r\n\f\v"));
     std::int64_t length = 0;
-    if (!findDateSlash(fileAsString, length) && !findDateDash(fileAsString, length) &&
-        !findDateDot(fileAsString, length) && !findDateLong(fileAsString, length, ctx_.config) &&
-        !findDateEightDigits(fileAsString, length))
+    if (!findDateSlash(fileAsString_, length) && !findDateDash(fileAsString_, length) &&
+        !findDateDot(fileAsString_, length) && !findDateLong(fileAsString_, length, ctx_.config) &&
+        !findDateEightDigits(fileAsString_, length))
         return refuse(text::invalidInputTitle, text::textWithoutDate);
     ctx_.processing = true;
     fillInTransactionPart();
@@ -86,7 +86,7 @@ Intake Controller::extract() {
     for (std::size_t i = 0; i < formats.numberOfFormats(); ++i) {
         auto format = formats.formatAtIndex(i);
         std::string match = format ? textOf(*format, "Match") : std::string();
-        std::size_t at = match.empty() ? std::string::npos : fileAsString.find(match);
+        std::size_t at = match.empty() ? std::string::npos : fileAsString_.find(match);
         if (at == std::string::npos)
             continue;
         bool better = !winner || (firstMatch ? at < bestAt : match.size() > bestLength);
@@ -104,7 +104,7 @@ void Controller::inputFormatSet(std::string name) {
     std::optional<Dictionary> format = Formats(ctx_.prefs).formatForName(name);
     if (!format) {
         ctx_.gType = kTypeTextWithoutFormat;
-        form_.setInput({true, "Unknown", 4, account});
+        form_.setInput({true, "Unknown", 4, account_});
     } else {
         std::string type = textOf(*format, "FormatType");
         bool showAll = optionOn(ctx_.prefs, option::showAllAccountNames);
@@ -113,7 +113,7 @@ void Controller::inputFormatSet(std::string name) {
         else if (!showAll)
             ctx_.gType = type == "Bank" ? kTypeBank : kTypeCreditCard;
         int kind = type == "Investment" ? 2 : showAll ? 3 : ctx_.gType;
-        form_.setInput({true, type, kind, account});
+        form_.setInput({true, type, kind, account_});
         name = textOf(*format, "Name");
     }
     form_.setInputFormatName(std::move(name));
@@ -133,8 +133,8 @@ WalkOptions Controller::walkOptions() const {
 // The input type's choices as one set of bits: each kind of input has its own choice (the QIF
 // type for QIF, the QFX type for OFX, none for text), and a resumed run keeps the stopped one's.
 int Controller::inputTypeTag() const {
-    if (continuationData) {
-        const Value* tag = find(*continuationData, contkey::inputTypeTag);
+    if (continuationData_) {
+        const Value* tag = find(*continuationData_, contkey::inputTypeTag);
         return tag ? static_cast<int>(tag->toInteger()) : 0;
     }
     if (form_.textInput)
@@ -147,14 +147,14 @@ int Controller::inputTypeTag() const {
 RunEnd Controller::processTheTransactions(bool mainWindowVisible) {
     if (!checkCategories())
         return RunEnd::notStarted;
-    if (!account)
-        account = form_.accountText;
+    if (!account_)
+        account_ = form_.accountText;
     if (form_.choosesInputAccount()) {
         // The kind of the account chosen decides the header and the cleared marks.
-        auto kind = ofxKindOfAccount(fileAsString, *account);
+        auto kind = ofxKindOfAccount(fileAsString_, *account_);
         if (!kind) {
             statusAlert(text::invalidInputTitle, "%@",
-                        ofxAccountsRefusal(source, form_.inputAccounts));
+                        ofxAccountsRefusal(source_, form_.inputAccounts));
             return RunEnd::stopped;
         }
         ctx_.gType = *kind;
@@ -174,7 +174,7 @@ RunEnd Controller::processTheTransactions(bool mainWindowVisible) {
         statusAlert(text::outputNotWrittenTitle, text::outputNotAFile, *path);
         return RunEnd::stopped;
     }
-    outputFilePath = *path;
+    outputFilePath_ = *path;
     return actuallyProcessTheTransactions();
 }
 
@@ -215,7 +215,7 @@ void Controller::recordRunSettings(std::optional<Date> from, std::optional<Date>
     Dictionary settings{{std::string(runkey::whichTransactions), Value(form_.whichTransactions)},
                         {std::string(runkey::outputDate), Value(form_.outputDate)},
                         {std::string(runkey::outputNumberString), Value(form_.outputNumber)},
-                        {std::string(runkey::outputFilePath), Value(outputFilePath)},
+                        {std::string(runkey::outputFilePath), Value(outputFilePath_)},
                         {std::string(runkey::outputFormat), Value(form_.outputFormat)},
                         {std::string(runkey::inputQIFType), Value(form_.qifType)}};
     if (from)
@@ -228,7 +228,7 @@ void Controller::recordRunSettings(std::optional<Date> from, std::optional<Date>
 bool Controller::readTransactions(Date from, Date to) {
     reader_.qifInputTypeTag = inputTypeTag();
     reader_.recordsOnDemand = true;
-    if (doingExtract) {
+    if (doingExtract_) {
         std::optional<Dictionary> format = Formats(ctx_.prefs).formatForName(form_.inputFormatName);
         if (!format) {
             doneWithFile();
@@ -236,34 +236,34 @@ bool Controller::readTransactions(Date from, Date to) {
         }
         // Investment text is not read yet: it is refused as a format that does not fit.
         bool read = textOf(*format, fmtkey::FormatType) != fmtkey::Investment &&
-                    reader_.fromFormattedText(textAsRead(fileAsString, *format), *format, from, to,
+                    reader_.fromFormattedText(textAsRead(fileAsString_, *format), *format, from, to,
                                               warning_);
         if (!read)
-            statusAlert(text::invalidFormatTitle, text::invalidFormat, source);
+            statusAlert(text::invalidFormatTitle, text::invalidFormat, source_);
         return read;
     }
-    if (looksLikeOfx(fileAsString)) {
+    if (looksLikeOfx(fileAsString_)) {
         if (ctx_.gType == kTypeInvestment) {
-            statusAlert(text::invalidOfxTitle, text::invalidOfx, source);
+            statusAlert(text::invalidOfxTitle, text::invalidOfx, source_);
             return false;
         }
-        reader_.ofxAccount = form_.choosesInputAccount() ? account : std::nullopt;
-        reader_.fromOFX(fileAsString, from, to);
+        reader_.ofxAccount = form_.choosesInputAccount() ? account_ : std::nullopt;
+        reader_.fromOFX(fileAsString_, from, to);
         return true;
     }
-    reader_.dayFirstDates = chooseQifDateOrder(fileAsLines, ctx_, dialogs_, source);
-    std::size_t bad = reader_.fromQIFLines(fileAsLines, from, to);
+    reader_.dayFirstDates = chooseQifDateOrder(fileAsLines_, ctx_, dialogs_, source_);
+    std::size_t bad = reader_.fromQIFLines(fileAsLines_, from, to);
     if (bad == 0)
         return true;
     std::string message =
-        formatMessage(text::corruptedQif, {source, std::to_string(bad + skippedLines)});
+        formatMessage(text::corruptedQif, {source_, std::to_string(bad + skippedLines_)});
     statusAlert(text::invalidInputTitle, "%@", message);
     return false;
 }
 
 RunEnd Controller::actuallyProcessTheTransactions() {
-    outputFileAsString.clear();
-    if (continuationData)
+    outputFileAsString_.clear();
+    if (continuationData_)
         return resume();
     if (ctx_.gType == kTypeInvestment && !ctx_.prefs.objectForKey(prefkey::Securities))
         dialogs_.alert(std::string(text::needSecuritiesTitle), std::string(text::needSecurities));
@@ -274,28 +274,28 @@ RunEnd Controller::actuallyProcessTheTransactions() {
                       range ? std::optional(range->to) : std::nullopt);
     bool appendOption = optionOn(ctx_.prefs, option::append);
     if (writer_.QIFOutput())
-        outputFileAsString = qifHeader(appendOption, ctx_.gType, form_.accountText,
-                                       Accounts(ctx_.prefs).typeForAccount(form_.accountText));
-    writer_.account = account.value_or("");
+        outputFileAsString_ = qifHeader(appendOption, ctx_.gType, form_.accountText,
+                                        Accounts(ctx_.prefs).typeForAccount(form_.accountText));
+    writer_.account = account_.value_or("");
     DateRange all{kDistantPast, kDistantFuture};
     if (!readTransactions(range.value_or(all).from, range.value_or(all).to))
         return RunEnd::stopped;
     // The walk's error warnings can be silenced for the input format the text was read with.
     std::optional<Dictionary> inputFormat =
-        doingExtract ? Formats(ctx_.prefs).formatForName(form_.inputFormatName) : std::nullopt;
+        doingExtract_ ? Formats(ctx_.prefs).formatForName(form_.inputFormatName) : std::nullopt;
     WalkOptions options = walkOptions();
     options.inputFormat = inputFormat ? &*inputFormat : nullptr;
     WalkResult result = reader_.processInstructionsAndAppendToString(
-        outputFileAsString, writer_, warning_, dialogs_, instructions_, options);
+        outputFileAsString_, writer_, warning_, dialogs_, instructions_, options);
     return processInstructionsDidEnd(result);
 }
 
 // A resumed run was set up, headed and read before it stopped: the walk goes on from the
 // stored record, whose output so far already holds the header and the accepted transactions.
 RunEnd Controller::resume() {
-    writer_.account = account.value_or("");
+    writer_.account = account_.value_or("");
     reader_.qifInputTypeTag = inputTypeTag();
-    WalkResult result = reader_.continueWith(*continuationData, outputFileAsString, writer_,
+    WalkResult result = reader_.continueWith(*continuationData_, outputFileAsString_, writer_,
                                              warning_, dialogs_, instructions_, walkOptions());
     return processInstructionsDidEnd(result);
 }
@@ -308,12 +308,12 @@ RunEnd Controller::saveContinuation(Dictionary record) {
     record.insert_or_assign("sameNumberSwitch", Value(form_.sameNumber));
     record.insert_or_assign("outputDateString", Value(form_.outputDate));
     record.insert_or_assign("outputNumberString", Value(form_.outputNumber));
-    record.insert_or_assign("account", Value(account.value_or(form_.accountText)));
+    record.insert_or_assign("account", Value(account_.value_or(form_.accountText)));
     record.insert_or_assign(std::string(contkey::inputTypeTag), Value(inputTypeTag()));
     std::string start = ctx_.prefs.objectForKey(prefkey::LastRootDirectory)
                             ? ctx_.prefs.objectForKey(prefkey::LastRootDirectory)->text()
                             : std::string();
-    std::string suggested = std::filesystem::path(inputFrom).stem().string() + ".tvcn";
+    std::string suggested = std::filesystem::path(inputFrom_).stem().string() + ".tvcn";
     auto path = dialogs_.chooseFileToSave({{"tvcn"}, start, suggested, ""});
     doneWithFile();
     if (!path) {
@@ -340,26 +340,26 @@ RunEnd Controller::processInstructionsDidEnd(const WalkResult& result) {
     if (result.continuation)
         return saveContinuation(*result.continuation);
     RunEnd end = RunEnd::nothingOutput;
-    lastTitle = std::string(text::finishedTitle);
+    lastTitle_ = std::string(text::finishedTitle);
     if (result.appended < 1) {
-        lastMessage = std::string(text::noTransactionsOutput);
+        lastMessage_ = std::string(text::noTransactionsOutput);
     } else {
-        if (doingClipboard)
-            lastProcessedClipboard = clipboardAsGiven_;
-        std::string name = std::filesystem::path(outputFilePath).filename().string();
-        lastMessage = "\r\r" + std::to_string(result.appended) + " transaction" +
-                      (result.appended == 1 ? "" : "s") + " output to file \"" + name + "\".";
-        OutputTarget target{outputFilePath, form_.appendSwitchOn,
+        if (doingClipboard_)
+            lastProcessedClipboard_ = clipboardAsGiven_;
+        std::string name = std::filesystem::path(outputFilePath_).filename().string();
+        lastMessage_ = "\r\r" + std::to_string(result.appended) + " transaction" +
+                       (result.appended == 1 ? "" : "s") + " output to file \"" + name + "\".";
+        OutputTarget target{outputFilePath_, form_.appendSwitchOn,
                             optionOn(ctx_.prefs, option::append), writer_.QIFOutput()};
         end = RunEnd::written;
-        if (!writeOutputFile(target, outputFileAsString)) {
-            lastTitle = std::string(text::outputNotWrittenTitle);
-            lastMessage = formatMessage(text::outputNotWritten, name);
+        if (!writeOutputFile(target, outputFileAsString_)) {
+            lastTitle_ = std::string(text::outputNotWrittenTitle);
+            lastMessage_ = formatMessage(text::outputNotWritten, name);
             end = RunEnd::writeFailed;
         }
     }
     doneWithFile();
-    dialogs_.alert(lastTitle, lastMessage);
+    dialogs_.alert(lastTitle_, lastMessage_);
     return end;
 }
 

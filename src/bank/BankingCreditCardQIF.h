@@ -105,21 +105,22 @@ public:
     std::size_t currentTransactionIndex = 0;
     std::size_t maxTransactionIndex = 0;
     bool mustConfirm = false;
-    bool doingInvestmentBankingTransaction = false;
     std::optional<Array> splits;
+    bool cancelReturnsToConfirm = false;
+    bool splitInstructionConfirm = false;
+
+private:
+    // The walk's own state.
+    bool doingInvestmentBankingTransaction = false;
     bool splitsOK = true;
     std::size_t numberOfTransactionsAppended = 0;
     // One-shot request to swap description and memo of the current transaction.
     bool doSwap = false;
     std::optional<std::string> extractedCheckNumber;
-
     // The description typed in the confirmation form, which instructions are matched against
     // while `updateCategoryWhenDescriptionChanged` is on.
     std::string changedDescription;
-    bool cancelReturnsToConfirm = false;
-    bool splitInstructionConfirm = false;
 
-private:
     struct Prepared; // the current transaction made ready: steps before the decision
     struct Walk;     // what one walk works with
     enum class Step { advanced, skipped, rerun, back, stop, stopNow, finishLater };

@@ -5,7 +5,7 @@
 #include "prefs/Settings.h"
 #include "recognize/CaseFold.h"
 
-#include <map>
+#include <any>
 #include <utility>
 
 namespace tavvel {
@@ -26,20 +26,15 @@ std::string_view matchTextOfEntry(const Value& entry) {
 } // namespace
 
 Instructions::Instructions(TvPrefs& prefs)
-    : prefs_(prefs), shared_(sharedFor(prefs)), index_(shared_->index), stamp_(shared_->stamp) {}
+    : prefs_(prefs), shared_(sharedIn(prefs)), index_(shared_->index), stamp_(shared_->stamp) {}
 
-// The index of each preference store in use, shared by the store objects on it. A cache and
-// nothing more: it lives as long as some store object uses it, and the stamp tells a
-// preference store that was replaced at the same address.
-std::shared_ptr<Instructions::Shared> Instructions::sharedFor(const TvPrefs& prefs) {
-    static std::map<const TvPrefs*, std::weak_ptr<Shared>> inUse;
-    std::erase_if(inUse, [](const auto& entry) { return entry.second.expired(); });
-    std::weak_ptr<Shared>& slot = inUse[&prefs];
-    std::shared_ptr<Shared> shared = slot.lock();
-    if (!shared) {
-        shared = std::make_shared<Shared>();
-        slot = shared;
-    }
+// The index the preference store keeps for the list, made by the first store object on it.
+std::shared_ptr<Instructions::Shared> Instructions::sharedIn(TvPrefs& prefs) {
+    std::any& kept = prefs.derivedFrom(prefkey::Instructions);
+    if (auto* shared = std::any_cast<std::shared_ptr<Shared>>(&kept))
+        return *shared;
+    auto shared = std::make_shared<Shared>();
+    kept = shared;
     return shared;
 }
 
@@ -47,10 +42,8 @@ const Array& Instructions::list() const {
     return listIn(prefs_, prefkey::Instructions);
 }
 
-Instructions::Stamp Instructions::currentStamp() const {
-    const Value* node = prefs_.objectForKey(prefkey::Instructions);
-    const Array& items = list();
-    return Stamp{node, items.data(), items.size()};
+std::uint64_t Instructions::currentStamp() const {
+    return prefs_.changeCount(prefkey::Instructions);
 }
 
 const InstructionIndex& Instructions::currentIndex() const {

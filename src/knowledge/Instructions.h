@@ -4,10 +4,11 @@
 // match text, with no two match texts equal ignoring case. Every change is on disk when the
 // call returns.
 //
-// Lookups go through an index kept beside the list. Every store object on the same preference
-// store shares one index, so a change made through any of them is seen by all; a change made
-// behind their backs (a direct setObject) is noticed when it alters the list's size or
-// storage, and reload() rebuilds the index.
+// Lookups go through an index that the preference store keeps for the list, so that every store
+// object on it shares one index and a change made through any of them is seen by all. A change
+// made behind their backs (a direct setObject of the list) shows in the store's change count
+// of the list, and the index is rebuilt when next used; a change of any other entry leaves it
+// alone. reload() rebuilds it at once.
 
 #include "dialogs/Completion.h"
 #include "knowledge/InstructionIndex.h"
@@ -60,18 +61,12 @@ public:
     std::optional<Completion> completedString(std::string_view typed) const;
 
 private:
-    // What the index was built from: changes elsewhere show as a different node or buffer.
-    struct Stamp {
-        const Value* node = nullptr;
-        const Value* data = nullptr;
-        std::size_t size = 0;
-        bool operator==(const Stamp&) const = default;
-    };
+    // The index, and the store's change count of the list it was built from.
     struct Shared {
         InstructionIndex index;
-        std::optional<Stamp> stamp;
+        std::optional<std::uint64_t> stamp;
     };
-    static std::shared_ptr<Shared> sharedFor(const TvPrefs& prefs);
+    static std::shared_ptr<Shared> sharedIn(TvPrefs& prefs);
 
     struct Slot {
         std::size_t position;
@@ -80,14 +75,14 @@ private:
     static Slot slotFor(const Array& instructions, std::string_view match);
 
     const Array& list() const;
-    Stamp currentStamp() const;
+    std::uint64_t currentStamp() const;
     const InstructionIndex& currentIndex() const;
     void write(Array list);
 
     TvPrefs& prefs_;
     std::shared_ptr<Shared> shared_;
     InstructionIndex& index_;
-    std::optional<Stamp>& stamp_;
+    std::optional<std::uint64_t>& stamp_;
 };
 
 } // namespace tavvel

@@ -97,6 +97,7 @@ void TvPrefs::setObject(std::string_view key, const Value& value) {
         return;
     prefs_.insert_or_assign(std::string(key), value);
     cache_.clear();
+    derived_.changed(key);
     unsaved_ = true;
 }
 
@@ -121,6 +122,7 @@ void TvPrefs::removeObjectForKey(std::string_view key) {
         return;
     prefs_.erase(it);
     cache_.clear();
+    derived_.changed(key);
     unsaved_ = true;
 }
 

@@ -2,6 +2,7 @@
 // The single persistent store: settings, the option list, the run settings record and every
 // learned list, as entries of one dictionary saved as one property-list file per identifier.
 
+#include "prefs/DerivedObjects.h"
 #include "prefs/LookupCache.h"
 #include "prefs/Value.h"
 
@@ -30,6 +31,7 @@ public:
         if (this != &other) {
             prefs_ = other.prefs_;
             cache_.clear();
+            derived_.allChanged();
             path_ = other.path_;
             keptAside_ = other.keptAside_;
             unsaved_ = true;
@@ -86,9 +88,15 @@ public:
     // Where a corrupted file was kept aside when the store was opened (empty otherwise).
     const std::filesystem::path& keptAsidePath() const { return keptAside_; }
 
+    // What other parts build from an entry (see DerivedObjects): the changes of the entry under
+    // the key so far, and the object every user of this store shares for it.
+    std::uint64_t changeCount(std::string_view key) const { return derived_.changeCount(key); }
+    std::any& derivedFrom(std::string_view key) { return derived_.objectFor(key); }
+
 private:
     Dictionary prefs_;
     LookupCache cache_;
+    DerivedObjects derived_;
     bool unsaved_ = true; // changes the file does not hold yet
     std::filesystem::path path_;
     std::filesystem::path keptAside_;

@@ -107,8 +107,8 @@ TEST(Continuation, FormShowsWhatTheStoppedRunFixed) {
     }
     Controller controller(desk.t.ctx, desk.dialogs);
     ASSERT_EQ(controller.actuallyProcessFile(desk.path("stopped.tvcn")), Intake::formReady);
-    EXPECT_EQ(controller.source, "Continuation file \"stopped.tvcn\"");
-    EXPECT_EQ(controller.inputFrom, "stopped.tvcn");
+    EXPECT_EQ(controller.source(), "Continuation file \"stopped.tvcn\"");
+    EXPECT_EQ(controller.inputFrom(), "stopped.tvcn");
     const RunForm& form = controller.form();
     EXPECT_TRUE(form.resuming);
     EXPECT_FALSE(form.accountBoxVisible);
@@ -171,7 +171,7 @@ TEST(Continuation, FilesThatCannotBeResumedAreRefused) {
         desk.dialogs.expectAlert(std::string(text::continuationInvalidTitle));
         Controller controller(desk.t.ctx, desk.dialogs);
         EXPECT_EQ(controller.actuallyProcessFile(desk.path(c.name)), Intake::refused);
-        EXPECT_FALSE(controller.continuationData);
+        EXPECT_FALSE(controller.resumesRun());
         EXPECT_EQ(desk.dialogs.last().text, "Continuation file \"" + c.name + "\"" + c.text);
         EXPECT_FALSE(desk.t.ctx.processing);
     }

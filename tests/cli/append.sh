@@ -20,6 +20,20 @@ names and types yourself."
 [ ! -e "$tmp/none.qif" ] || fail "a run without accounts wrote a file"
 run 0 --unset append
 
+# Accounts of another kind only: the run form has none to offer.
+printf '%s\n' '!Option:AutoSwitch' '!Account' 'NChecking' 'TBank' '^' '!Clear:AutoSwitch' \
+    >"$tmp/bank-accounts.qif"
+run 1 --batch "$tmp/bank-accounts.qif"
+run 0 --set append
+printf '%s\n' '!Type:CCard' 'D1/02/2024' 'T-8.50' 'PSHOP' '^' >"$tmp/card.qif"
+run 1 --batch -o "$tmp/none.qif" "$tmp/card.qif"
+said "tavvel-cli: the option append needs an account of this kind, and none is known; import the \
+accounts from a QIF export first."
+run 2 --batch -o "$tmp/none.qif" --account Checking "$tmp/card.qif"
+said 'tavvel-cli: --account: there is no Credit Card account called "Checking"; the accounts are (none).'
+[ ! -e "$tmp/none.qif" ] || fail "a run without accounts of its kind wrote a file"
+run 0 --unset append
+
 printf '%s\n' '!Option:AutoSwitch' '!Account' 'NChecking' 'TBank' '^' 'NEveryday' 'TBank' '^' \
     'NVisa' 'TCCard' '^' '!Clear:AutoSwitch' >"$tmp/accounts.qif"
 run 1 --batch "$tmp/accounts.qif"
@@ -29,6 +43,8 @@ printf 'OFXHEADER:100\n\n<OFX><BANKMSGSRSV1><ACCTID>000123\n<STMTTRN><DTPOSTED>2
     >"$tmp/bank.ofx"
 run 0 --set append
 
+run 2 --batch -o "$tmp/out.qif" "$tmp/bank.qif"
+said "tavvel-cli: choose the account with --account; the accounts are Checking, Everyday."
 run 2 --batch -o "$tmp/out.qif" "$tmp/bank.ofx"
 said 'the statement names the account "000123", which is not a known Bank account; choose one with --account: Checking, Everyday'
 run 2 --batch -o "$tmp/out.qif" --account Visa "$tmp/bank.ofx"
@@ -56,9 +72,18 @@ said "--append: QIF output is appended only to a file that begins with"
 run 0 --batch -o "$tmp/new.qif" --account Checking --append --all "$tmp/bank.ofx"
 same "$tmp/new.qif" "$block$first$second"
 
+# A delimited layout is appended to the file the user names when asked; naming none writes
+# nothing.
+perl -0pi -e 's|(<key>OutputFormats</key>\s*<array>)|$1<dict><key>Name</key><string>Sheet</string><key>Type</key><string>Bank</string><key>Separator</key><string>Comma</string><key>Order</key><array><string>Date</string></array><key>Present</key><array><true/></array></dict>|' \
+    "$prefs"
+run 2 --output-format Sheet --append "$tmp/bank.ofx"
+said "Append To: tavvel-cli: no output file was chosen, so nothing was written; name one with -o."
+
 run 0 --unset append --set runAutomatically
 run 2 --batch -o "$tmp/auto.qif" --from 1/1/2024 "$tmp/bank.ofx"
-said "the option runAutomatically is on" "--unset runAutomatically"
+said "tavvel-cli: the option runAutomatically is on, so the run starts with the last run's settings \
+as soon as the statement is read, and the run options cannot apply; leave them out, or switch \
+the option off with --unset runAutomatically."
 [ ! -e "$tmp/auto.qif" ] || fail "a refused automatic run wrote a file"
 run 0 --batch -o "$tmp/auto.qif" "$tmp/bank.ofx"
 same "$tmp/auto.qif" $'!Type:Bank\n'"$first$second"

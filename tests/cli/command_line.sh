@@ -25,7 +25,18 @@ grep -A1 -F "<key>CheckForUpdates</key>" "$prefs" | grep -qF "<false/>" || fail 
 # A temporary folder that is gone ends the run with a message, not an abort.
 first_start
 TMPDIR=$tmp/gone run 1 --batch -o - "$(dirname "$0")/../../examples/checking.ofx"
-said "tavvel-cli: the temporary folder (TMPDIR) is missing or not a folder"
+said "tavvel-cli: the temporary folder (TMPDIR) is missing or not a folder, so standard output \
+cannot be prepared; set TMPDIR to a folder that exists."
 [ ! -s "$tmp/out" ] || fail "a refused run printed on standard output"
+TMPDIR=/proc run 1 --batch -o - "$(dirname "$0")/../../examples/checking.ofx"
+said "tavvel-cli: cannot create a temporary folder in /proc for standard output; set TMPDIR to a \
+writable folder."
+
+# A program copied away from its configuration file says where it looked.
+mkdir "$tmp/bin"
+cp "$cli" "$tmp/bin/"
+cli=$tmp/bin/tavvel-cli run 1 --batch
+said "tavvel-cli: the configuration file \"$tmp/share/tavvel/Info.plist\" is missing or damaged; \
+reinstall Tavvel."
 
 echo "command line: ok"

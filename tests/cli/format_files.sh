@@ -44,7 +44,13 @@ grep -qF "<string>VISA STATEMENT</string>" "$tmp/out.tvfm" || fail "exported rec
 if "$cli" --batch --export-format Amex "$tmp/amex.tvfm" </dev/null 2>"$tmp/err"; then
     fail "unknown format exported"
 fi
-grep -qF "no input format named \"Amex\"" "$tmp/err" || fail "unknown format not named"
+grep -qxF "tavvel-cli: there is no input format named \"Amex\"." "$tmp/err" ||
+    fail "unknown format not named"
+if "$cli" --batch --export-format Visa "$tmp/missing/visa.tvfm" </dev/null 2>"$tmp/err"; then
+    fail "a format was exported into a missing folder"
+fi
+grep -qxF "tavvel-cli: the input format could not be written to $tmp/missing/visa.tvfm." \
+    "$tmp/err" || fail "unwritten export not said: $(cat "$tmp/err")"
 
 echo "not a property list" >"$tmp/bad.tvfm"
 cp "$prefs" "$tmp/before"

@@ -9,7 +9,9 @@ first_start
 
 printf '01/02/2024,,PAYROLL,100.00\n01/03/2024,,GROCER,-5.25\n' >"$tmp/no-heading.csv"
 run 1 --batch -o "$tmp/refused.qif" "$tmp/no-heading.csv"
-said "no stored input format fits this text" ".tvfm" "learn an input format" "--input-format"
+said "tavvel-cli: no stored input format fits this text, so it cannot be read; learn an input \
+format for this statement, or import one from a .tvfm file (tavvel-cli FORMAT.tvfm), then convert \
+it again (--input-format NAME chooses a stored one)."
 [ ! -e "$tmp/refused.qif" ] || fail "a refused text wrote output"
 
 run 0 --batch "$examples/csv-export.tvfm"
@@ -47,7 +49,7 @@ same "$tmp/out" $'!Type:Bank\nD1/2/2024\nPPAYROLL\nT100.00\n^\nD1/3/2024\nPGROCE
 
 cp "$prefs" "$tmp/before"
 run 2 --batch -o "$tmp/unknown.qif" --input-format Amex "$examples/csv-export.csv"
-said '--input-format: there is no input format called "Amex"' "Harbor Memo, Harbor Savings CSV"
+said 'tavvel-cli: --input-format: there is no input format called "Amex"; the input formats are Harbor Memo, Harbor Savings CSV.'
 cmp -s "$prefs" "$tmp/before" || fail "an unknown input format changed the store"
 [ ! -e "$tmp/unknown.qif" ] || fail "an unknown input format wrote output"
 run 2 --batch -o - --input-format "Harbor Memo" "$examples/checking.ofx"

@@ -19,7 +19,8 @@ shown() {
     run 0 --settings
     grep -qE "^  $1 +$2( |\$)" "$tmp/out" || fail "--settings does not show $1 $2: $(cat "$tmp/out")"
 }
-# refused TEXT ARGS...: the changes are refused with TEXT and the preference file is unchanged.
+# refused TEXT ARGS...: the changes are refused with the line "tavvel-cli: TEXT; nothing was
+# changed." and the preference file is unchanged.
 # (A plain start first: after a change the next start merges the accounts into the categories
 # again and marks that it did, as it does after every save of the preferences dialog.)
 refused() {
@@ -28,7 +29,7 @@ refused() {
     run 0 --batch
     cp "$prefs" "$tmp/prefs-before"
     run 2 "$@"
-    said "$text" "nothing was changed"
+    said "tavvel-cli: $text; nothing was changed."
     cmp -s "$prefs" "$tmp/prefs-before" || fail "refused $* changed the preferences"
 }
 
@@ -61,19 +62,23 @@ run 0 --set append --set showAllAccountNames
 option showAllAccountNames on
 run 0 --unset append
 option showAllAccountNames off
-refused "updateCategoryWhenDescriptionChanged can be switched on only while none of" \
+refused "updateCategoryWhenDescriptionChanged can be switched on only while none of \
+baseCategoriesOnCategories, useCategoriesIfPresent and dontAddCategories is on" \
     --set updateCategoryWhenDescriptionChanged
 
 # Names and values.
-refused 'there is no option called "initialcaps"' --set initialcaps
-refused "removeLongNumber is an option: use --set removeLongNumber" --set removeLongNumber=true
-refused "bccAmountsPrecision takes a value" --unset bccAmountsPrecision
+refused 'there is no option called "initialcaps" (--settings lists them)' --set initialcaps
+refused "removeLongNumber is an option: use --set removeLongNumber or --unset removeLongNumber" \
+    --set removeLongNumber=true
+refused "bccAmountsPrecision takes a value: use --set bccAmountsPrecision=VALUE" \
+    --unset bccAmountsPrecision
 refused 'bccAmountsPrecision must be a whole number from 2 to 6, not "7"' --set bccAmountsPrecision=7
 refused 'SUEnableAutomaticChecks must be true or false, not "maybe"' \
     --set SUEnableAutomaticChecks=maybe
-refused "--unset takes an option name" --unset DescriptionOutput=%d
-refused "there is no setting called Colour" --set Colour=blue
-refused 'there is no option called "nope"' --set removeLongNumber --set nope
+refused '--unset takes an option name, not "DescriptionOutput=%d"' --unset DescriptionOutput=%d
+refused "there is no setting called Colour (--settings lists them)" --set Colour=blue
+refused 'there is no option called "nope" (--settings lists them)' --set removeLongNumber --set nope
+refused "MemoOutput must be one line of text" --set $'MemoOutput=%m\n%d'
 option removeLongNumber off
 
 run 0 --set 'DescriptionOutput=%d (%m)' --set bccAmountsPrecision=3 --set SUEnableAutomaticChecks=no

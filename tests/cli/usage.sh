@@ -34,11 +34,16 @@ usage 'is not one of Normal, Reverse Signs, Swap Description and Memo, Swap and 
     --qif-type Sideways "$tmp/bank.qif"
 usage '--ofx-type: "Reverse Signs" is not one of Normal, Swap Description and Memo' \
     --ofx-type "Reverse Signs" "$tmp/bank.ofx"
-usage '"yesterday" is not a date' --from yesterday "$tmp/bank.qif"
+usage 'tavvel-cli: --from: "yesterday" is not a date; write it as month/day/year (day/month/year for day-first output dates).' \
+    --from yesterday "$tmp/bank.qif"
 usage '"1/2/03/4" is not a date' --same-date 1/2/03/4 "$tmp/bank.qif"
 usage "--same-number needs one line of text" --same-number "" "$tmp/bank.qif"
-usage "standard output cannot be appended to" -o - --append "$tmp/bank.qif"
-usage "the run options need a statement FILE" --from 1/1/2024
+usage "tavvel-cli: --append needs an output file; standard output cannot be appended to." \
+    -o - --append "$tmp/bank.qif"
+usage "tavvel-cli: -o needs a file name, or - for standard output." -o "" "$tmp/bank.qif"
+usage "tavvel-cli: --learn and --input-format both name the run's input format; give one of them." \
+    --learn Mine --input-format Theirs "$tmp/bank.qif"
+usage "tavvel-cli: the run options need a statement FILE to convert." --from 1/1/2024
 usage "no-such.qif" "$tmp/no-such.qif"
 [ ! -e "$prefs" ] || fail "a refused command line wrote preferences"
 
@@ -51,14 +56,20 @@ usage "the range 2/2/2024 to 2/1/2024 ends before it starts" --from 2/2/24 --to 
     "$tmp/bank.qif"
 usage "--qif-type applies to QIF input only" --qif-type normal "$tmp/bank.ofx"
 usage "--ofx-type applies to OFX and QFX input only" --ofx-type normal "$tmp/bank.qif"
+usage "tavvel-cli: --learn applies to text statements only." --learn Mine "$tmp/bank.qif"
 usage '--output-format: there is no output format called "Spreadsheet" for this statement; the choices are QIF' \
     --output-format Spreadsheet "$tmp/bank.qif"
 printf 'older text\n' >"$tmp/older.qif"
 run 2 --batch -o "$tmp/older.qif" --append "$tmp/bank.qif"
-said "--append: QIF output is appended only to a file that begins with \"!Account\""
+said "tavvel-cli: --append: QIF output is appended only to a file that begins with \"!Account\", \
+while the option append is on (--set append) and an account is known."
 same "$tmp/older.qif" $'older text\n'
 
 # The same statement with the options right is converted.
 run 0 --batch -o - --from 2/1/24 --to 2/2/24 --qif-type normal "$tmp/bank.qif"
+same "$tmp/out" $'!Type:Bank\nD2/2/2024\nPCAFE\nT-6.00\n^\n'
+# An account named for an output that names none is said to be of no use, and the run goes on.
+run 0 --batch -o - --account Checking --from 2/1/24 --to 2/2/24 "$tmp/bank.qif"
+said "tavvel-cli: --account has no use here: this output names no account."
 same "$tmp/out" $'!Type:Bank\nD2/2/2024\nPCAFE\nT-6.00\n^\n'
 echo "usage: ok"

@@ -62,7 +62,7 @@ void convertWholly(const fs::path& file) {
     RunEnd end = RunEnd::notStarted;
     if (intake == Intake::formReady && controller.form().processEnabled())
         end = controller.processTheTransactions();
-    EXPECT_EQ(fs::exists(output), end == RunEnd::written) << controller.lastMessage;
+    EXPECT_EQ(fs::exists(output), end == RunEnd::written) << controller.closingMessage();
     if (end == RunEnd::written) {
         EXPECT_GT(fs::file_size(output), 0u);
     }

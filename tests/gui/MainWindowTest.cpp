@@ -162,7 +162,7 @@ private slots:
     void fileOpenedDuringARunIsRefused() {
         QVERIFY(window->openFile(sample()));
         QVERIFY(!window->openFile(sample()));
-        window->controller().justActivated = true;
+        window->controller().applicationDidBecomeActive(std::nullopt);
         QVERIFY(window->openFile(sample()));
     }
 
@@ -204,7 +204,7 @@ private slots:
     void clipboardAlreadyProcessedIsLeftAlone() {
         const QString text = QStringLiteral("!Type:Bank\nD1/2/2024\nPSHOP\nT-1.00\n^\n");
         QGuiApplication::clipboard()->setText(text);
-        window->controller().lastProcessedClipboard = text.toStdString();
+        window->controller().rememberProcessedClipboard(text.toStdString());
         window->applicationActivated();
         QVERIFY(!window->clipboardTimer().isActive());
     }

@@ -1,10 +1,10 @@
 #include "knowledge/Instructions.h"
 
 #include "KnowledgeFixture.h"
-#include "recognize/CaseFold.h"
 #include "knowledge/InstructionMatch.h"
 #include "knowledge/KnowledgeKeys.h"
 #include "prefs/Settings.h"
+#include "recognize/CaseFold.h"
 
 #include <random>
 
@@ -168,6 +168,17 @@ TEST_F(InstructionsTest, EveryStoreObjectSeesTheOthersChanges) {
     prefs().setObject(prefkey::Instructions, Value(Array{Value(byDescription("Zappos"))}));
     EXPECT_EQ(matching("Zappos shoes"), "Zappos");
     EXPECT_EQ(matching("Target 55"), "(none)");
+    // So is a list of the same size, and a whole store put back as it was, or replaced.
+    prefs().setObject(prefkey::Instructions, Value(Array{Value(byDescription("Target"))}));
+    EXPECT_EQ(matching("Target 55"), "Target");
+    TvPrefs before;
+    before.setObject(prefkey::Instructions, Value(Array{Value(byDescription("Costco"))}));
+    prefs() = before;
+    EXPECT_EQ(matching("Costco 9"), "Costco");
+    TvPrefs replacing;
+    replacing.setObject(prefkey::Instructions, Value(Array{Value(byDescription("Walmart"))}));
+    prefs() = std::move(replacing);
+    EXPECT_EQ(matching("Walmart 9"), "Walmart");
 }
 
 TEST_F(InstructionsTest, ChooserCompletesToTheShortestMatchText) {

@@ -142,7 +142,7 @@ TEST_F(HostileInput, StrayNulInTextIsABlank) {
     Controller controller(t.ctx, dialogs);
     EXPECT_NE(controller.actuallyProcessFile(write("stray.qif", text).string()), Intake::refused);
     EXPECT_TRUE(dialogs.messages().empty());
-    EXPECT_EQ(controller.fileAsString.find('\0'), std::string::npos);
+    EXPECT_EQ(controller.inputText().find('\0'), std::string::npos);
 }
 
 TEST_F(HostileInput, OfxTruncatedInsideATag) {
