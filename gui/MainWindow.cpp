@@ -164,7 +164,7 @@ void MainWindow::afterIntake(std::optional<Intake> intake) {
 }
 
 void MainWindow::showState() {
-    bool running = ctx_.processing;
+    bool running = controller_->processing();
     pages_->setCurrentWidget(running ? static_cast<QWidget*>(runForm_) : waiting_);
     // Only a form whose range the user may change can continue from the last run.
     if (continueFromLast_)

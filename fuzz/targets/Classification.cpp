@@ -30,7 +30,7 @@ int classification(const std::uint8_t* data, std::size_t size) {
     Intake intake = controller.processText(std::move(bytes), "fuzz input");
     if (intake == Intake::refused) {
         check(!dialogs.messages().empty(), "an input refused without a message");
-        check(!ctx.processing, "a refused input left a run under way");
+        check(!controller.processing(), "a refused input left a run under way");
         return 0;
     }
     if (intake != Intake::formReady)

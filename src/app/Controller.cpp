@@ -82,7 +82,7 @@ Intake Controller::refuse(std::string_view title, std::string_view format) {
 }
 
 void Controller::doneWithFile() {
-    ctx_.processing = false;
+    processing_ = false;
 }
 
 Intake Controller::actuallyProcessFile(const std::string& path) {
@@ -133,8 +133,7 @@ Intake Controller::processClipboard(const std::optional<std::string>& text) {
 
 bool Controller::applicationDidBecomeActive(const std::optional<std::string>& clipboard) {
     justActivated_ = true;
-    if (ctx_.processing || !clipboard || clipboard->empty() ||
-        *clipboard == lastProcessedClipboard_)
+    if (processing_ || !clipboard || clipboard->empty() || *clipboard == lastProcessedClipboard_)
         return false;
     std::int64_t length = 0;
     if (!findDateSlash(*clipboard, length) && !findDateDash(*clipboard, length) &&
@@ -218,14 +217,15 @@ Intake Controller::classifyOFX() {
             found = &kind;
     if (!found)
         return refuse(text::invalidInputTitle, text::ofxNotBankOrCard);
-    ctx_.gType = found->gType;
+    gType_ = found->gType;
     std::string shown(found->shown);
     // Until an account is chosen, a bank account and a card are either.
     if (!accounts.empty() && ofxKindsDiffer(fileAsString_)) {
-        ctx_.gType = kTypeBankOrCreditCard;
+        gType_ = kTypeBankOrCreditCard;
         shown = "Bank or Credit Card";
     }
-    form_.setInput({false, shown, accountKindFor(ctx_.gType), account_, true, std::move(accounts)});
+    form_.setInput({false, shown, accountKindFor(gType_), account_, true, std::move(accounts)},
+                   gType_);
     form_.qfxType = 0;
     controlHelpAnchor_ = "QFX";
     return endClassification();
@@ -320,8 +320,8 @@ Intake Controller::acceptQIF(std::size_t head, bool recordEnds, bool resuming) {
     std::string shown = investment ? "Investment" : takeQifType(headLine);
     if (resuming)
         form_.qifType = 0;
-    int kind = investment ? 2 : accountKindFor(ctx_.gType);
-    form_.setInput({false, shown, kind, account_});
+    int kind = investment ? 2 : accountKindFor(gType_);
+    form_.setInput({false, shown, kind, account_}, gType_);
     std::size_t skip = bankOrCard ? head + 1 : head;
     fileAsLines_.assign(lines_.begin() + static_cast<std::ptrdiff_t>(skip), lines_.end());
     // A header vouches for QIF on its own; its last record then ends where the text ends.
@@ -336,14 +336,14 @@ Intake Controller::acceptQIF(std::size_t head, bool recordEnds, bool resuming) {
 // how the run form shows it.
 std::string Controller::takeQifType(std::string_view headLine) {
     if (headLine == "!Type:Bank") {
-        ctx_.gType = kTypeBank;
+        gType_ = kTypeBank;
         return "Bank";
     }
     if (headLine == "!Type:CCard") {
-        ctx_.gType = kTypeCreditCard;
+        gType_ = kTypeCreditCard;
         return "Credit Card";
     }
-    ctx_.gType = kTypeBankOrCreditCard;
+    gType_ = kTypeBankOrCreditCard;
     return "Bank or Credit Card";
 }
 
@@ -379,9 +379,9 @@ Intake Controller::classifyUndecided() {
     doingExtract_ = doingClipboard_ = false;
     if (!passesRunChecks())
         return Intake::refused;
-    ctx_.gType = kTypeBankOrCreditCard;
+    gType_ = kTypeBankOrCreditCard;
     form_.qifType = 0;
-    form_.setInput({false, "Bank or Credit Card", accountKindFor(ctx_.gType), account_});
+    form_.setInput({false, "Bank or Credit Card", accountKindFor(gType_), account_}, gType_);
     std::vector<std::string>().swap(fileAsLines_);
     skippedLines_ = 0;
     controlHelpAnchor_ = "QIF";
@@ -404,7 +404,7 @@ void Controller::continueFromWhereIStoppedLastTime() {
 }
 
 Intake Controller::endClassification() {
-    ctx_.processing = true;
+    processing_ = true;
     fillInTransactionPart();
     if (continuationData_) {
         account_ = textOf(*continuationData_, contkey::account);

@@ -4,6 +4,7 @@
 // then the transactions are read, walked and written to the output file.
 
 #include "bank/BankingCreditCardQIF.h"
+#include "context/Context.h"
 #include "dialogs/RunHelpers.h"
 #include "formats/OutputFormats.h"
 #include "forms/RunForm.h"
@@ -16,7 +17,6 @@
 
 namespace tavvel {
 
-class Context;
 class Dialogs;
 
 // Where classification left the run.
@@ -108,6 +108,10 @@ public:
     // The closing message of the last run (title and text), for front ends that report it.
     const std::string& closingTitle() const { return lastTitle_; }
     const std::string& closingMessage() const { return lastMessage_; }
+    // The kind of the run the input asks for (bank, card, investment...).
+    int runKind() const { return gType_; }
+    // Whether a run is under way; new inputs are refused meanwhile.
+    bool processing() const { return processing_; }
     // For a front end's test: the clipboard's text as if a run had processed it.
     void rememberProcessedClipboard(std::string text) { lastProcessedClipboard_ = std::move(text); }
 
@@ -144,6 +148,8 @@ private:
     WalkOptions walkOptions() const;
 
     Context& ctx_;
+    int gType_ = kTypeBank;
+    bool processing_ = false;
     Dialogs& dialogs_;
     // The run's input and what classification found in it.
     std::string fileAsString_;

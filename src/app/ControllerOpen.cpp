@@ -29,7 +29,7 @@ std::optional<Intake> Controller::processFile() {
 }
 
 std::optional<Intake> Controller::applicationOpenFile(const std::string& path) {
-    if (!justActivated_ && ctx_.processing)
+    if (!justActivated_ && processing_)
         return std::nullopt;
     return actuallyProcessFile(path);
 }

@@ -77,7 +77,7 @@ Intake Controller::extract() {
         !findDateDot(fileAsString_, length) && !findDateLong(fileAsString_, length, ctx_.config) &&
         !findDateEightDigits(fileAsString_, length))
         return refuse(text::invalidInputTitle, text::textWithoutDate);
-    ctx_.processing = true;
+    processing_ = true;
     fillInTransactionPart();
     Formats formats(ctx_.prefs);
     std::optional<Dictionary> winner;
@@ -103,17 +103,17 @@ Intake Controller::extract() {
 void Controller::inputFormatSet(std::string name) {
     std::optional<Dictionary> format = Formats(ctx_.prefs).formatForName(name);
     if (!format) {
-        ctx_.gType = kTypeTextWithoutFormat;
-        form_.setInput({true, "Unknown", 4, account_});
+        gType_ = kTypeTextWithoutFormat;
+        form_.setInput({true, "Unknown", 4, account_}, gType_);
     } else {
         std::string type = textOf(*format, "FormatType");
         bool showAll = optionOn(ctx_.prefs, option::showAllAccountNames);
         if (type == "Investment")
-            ctx_.gType = kTypeInvestment;
+            gType_ = kTypeInvestment;
         else if (!showAll)
-            ctx_.gType = type == "Bank" ? kTypeBank : kTypeCreditCard;
-        int kind = type == "Investment" ? 2 : showAll ? 3 : ctx_.gType;
-        form_.setInput({true, type, kind, account_});
+            gType_ = type == "Bank" ? kTypeBank : kTypeCreditCard;
+        int kind = type == "Investment" ? 2 : showAll ? 3 : gType_;
+        form_.setInput({true, type, kind, account_}, gType_);
         name = textOf(*format, "Name");
     }
     form_.setInputFormatName(std::move(name));
@@ -157,9 +157,9 @@ RunEnd Controller::processTheTransactions(bool mainWindowVisible) {
                         ofxAccountsRefusal(source_, form_.inputAccounts));
             return RunEnd::stopped;
         }
-        ctx_.gType = *kind;
+        gType_ = *kind;
     }
-    ClearedOptions cleared = clearedOptionsFor(ctx_.gType);
+    ClearedOptions cleared = clearedOptionsFor(gType_);
     markAsCleared_ = optionOn(ctx_.prefs, cleared.cleared);
     markAsUncleared_ = optionOn(ctx_.prefs, cleared.uncleared);
     runOutputDate_ = form_.sameDate ? form_.outputDate : std::string();
@@ -243,7 +243,7 @@ bool Controller::readTransactions(Date from, Date to) {
         return read;
     }
     if (looksLikeOfx(fileAsString_)) {
-        if (ctx_.gType == kTypeInvestment) {
+        if (gType_ == kTypeInvestment) {
             statusAlert(text::invalidOfxTitle, text::invalidOfx, source_);
             return false;
         }
@@ -265,7 +265,7 @@ RunEnd Controller::actuallyProcessTheTransactions() {
     outputFileAsString_.clear();
     if (continuationData_)
         return resume();
-    if (ctx_.gType == kTypeInvestment && !ctx_.prefs.objectForKey(prefkey::Securities))
+    if (gType_ == kTypeInvestment && !ctx_.prefs.objectForKey(prefkey::Securities))
         dialogs_.alert(std::string(text::needSecuritiesTitle), std::string(text::needSecurities));
     auto range =
         dateRangeFor(form_.whichTransactions, ctx_.clock.now(), form_.dateFrom, form_.dateTo,
@@ -274,7 +274,7 @@ RunEnd Controller::actuallyProcessTheTransactions() {
                       range ? std::optional(range->to) : std::nullopt);
     bool appendOption = optionOn(ctx_.prefs, option::append);
     if (writer_.QIFOutput())
-        outputFileAsString_ = qifHeader(appendOption, ctx_.gType, form_.accountText,
+        outputFileAsString_ = qifHeader(appendOption, gType_, form_.accountText,
                                         Accounts(ctx_.prefs).typeForAccount(form_.accountText));
     writer_.account = account_.value_or("");
     DateRange all{kDistantPast, kDistantFuture};

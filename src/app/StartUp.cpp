@@ -160,7 +160,6 @@ void fillLaterDefaults(Context& ctx) {
 } // namespace
 
 void awakeFromNib(Context& ctx, Dialogs& dialogs) {
-    ctx.processing = false;
     firstRun(ctx, dialogs);
     ctx.prefs =
         TvPrefs::open(ctx.places.prefsFolder, kApplicationID, std::nullopt, ctx.clock.now());

@@ -36,10 +36,6 @@ public:
     Clock clock;
     Places places;
 
-    int gType = kTypeBank;
-    // Set while a run is under way; new inputs are refused meanwhile.
-    bool processing = false;
-
     // The output date formatters and the amount decimal separator, shared by every form.
     OutputFormatting output;
 

@@ -79,7 +79,7 @@ void RunForm::fillInTransactionPart() {
     previousOutputFile = textOf(settings, runkey::outputFilePath);
 }
 
-void RunForm::setInput(const Input& input) {
+void RunForm::setInput(const Input& input, int runKind) {
     resuming = false;
     textInput = input.text;
     ofxInput = input.ofx;
@@ -87,7 +87,7 @@ void RunForm::setInput(const Input& input) {
     accountKind = input.accountKind;
     inputAccount_ = input.account;
     inputAccounts = input.accounts;
-    outputFormatChoices = outputFormats_.namesForKind(ctx_.gType);
+    outputFormatChoices = outputFormats_.namesForKind(runKind);
 }
 
 void RunForm::showContinuation(const Fixed& fixed) {

@@ -43,7 +43,7 @@ public:
     void fillInTransactionPart();
     // fillInAccountAndOutputPartOfDialog
     void fillInAccountAndOutputPart();
-    void setInput(const Input& input);
+    void setInput(const Input& input, int runKind);
     // The continuation layout: fixed account and output-format labels instead of their boxes,
     // output date, number and their switches read-only, the QIF-type choice hidden.
     void showContinuation(const Fixed& fixed);

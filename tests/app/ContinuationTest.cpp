@@ -173,7 +173,7 @@ TEST(Continuation, FilesThatCannotBeResumedAreRefused) {
         EXPECT_EQ(controller.actuallyProcessFile(desk.path(c.name)), Intake::refused);
         EXPECT_FALSE(controller.resumesRun());
         EXPECT_EQ(desk.dialogs.last().text, "Continuation file \"" + c.name + "\"" + c.text);
-        EXPECT_FALSE(desk.t.ctx.processing);
+        EXPECT_FALSE(controller.processing());
     }
 }
 

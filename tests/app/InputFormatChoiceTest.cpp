@@ -69,7 +69,7 @@ TEST_F(InputFormatChoice, EarliestTiesGoToTheFormatStandingFirst) {
 TEST_F(InputFormatChoice, MatchIsCaseSensitive) {
     store("Alpha", "acme bank");
     EXPECT_EQ(chosen(), "");
-    EXPECT_EQ(t.ctx.gType, kTypeTextWithoutFormat);
+    EXPECT_EQ(controller.runKind(), kTypeTextWithoutFormat);
     EXPECT_EQ(controller.form().accountType, "Unknown");
     EXPECT_FALSE(controller.form().processEnabled());
 }
@@ -79,21 +79,21 @@ TEST_F(InputFormatChoice, TheFormatTypeDecidesTheKindOfRun) {
     store("Checking", "ACME", "Bank");
     store("Brokerage", "Account", "Investment");
     EXPECT_EQ(chosen(), "Card");
-    EXPECT_EQ(t.ctx.gType, kTypeCreditCard);
+    EXPECT_EQ(controller.runKind(), kTypeCreditCard);
     EXPECT_EQ(controller.form().accountType, "Credit Card");
     EXPECT_TRUE(controller.form().processEnabled());
 
     // Another format named in the form, in any letter case, brings its own kind.
     controller.inputFormatSet("checking");
     EXPECT_EQ(controller.form().inputFormatName, "Checking");
-    EXPECT_EQ(t.ctx.gType, kTypeBank);
+    EXPECT_EQ(controller.runKind(), kTypeBank);
     controller.inputFormatSet("BROKERAGE");
-    EXPECT_EQ(t.ctx.gType, kTypeInvestment);
+    EXPECT_EQ(controller.runKind(), kTypeInvestment);
     EXPECT_EQ(controller.form().accountType, "Investment");
 
     // A name that names no format leaves the text unknown and the run unable to start.
     controller.inputFormatSet("Savings");
-    EXPECT_EQ(t.ctx.gType, kTypeTextWithoutFormat);
+    EXPECT_EQ(controller.runKind(), kTypeTextWithoutFormat);
     EXPECT_EQ(controller.form().accountType, "Unknown");
     EXPECT_TRUE(controller.form().learnEnabled);
     EXPECT_FALSE(controller.form().processEnabled());

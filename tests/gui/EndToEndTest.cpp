@@ -133,7 +133,7 @@ private slots:
         const QString shipped = example(statement.left(statement.lastIndexOf('.')) + ".qif");
         if (!format.isEmpty())
             QCOMPARE(readWholeFile(shipped.toStdString()), written);
-        QVERIFY(!t.ctx.processing);
+        QVERIFY(!window.controller().processing());
     }
 };
 

@@ -64,7 +64,7 @@ protected:
         Controller controller(t.ctx, dialogs);
         EXPECT_EQ(controller.actuallyProcessFile(file.string()), Intake::refused);
         EXPECT_EQ(filesIn(t.folder.path()), before);
-        EXPECT_FALSE(t.ctx.processing);
+        EXPECT_FALSE(controller.processing());
         EXPECT_EQ(dialogs.messages().size(), 1u);
         return dialogs.messages().empty() ? Message{} : dialogs.messages().back();
     }
