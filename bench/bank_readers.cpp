@@ -147,7 +147,6 @@ template <typename Read> std::size_t readAndWrite(Read read, std::string& output
     auto ctx = convertingContext();
     BatchDialogs dialogs;
     BankingCreditCardQIF reader(*ctx);
-    reader.recordsOnDemand = true; // as a run reads text
     read(reader);
     OutputFormats writer(*ctx, dialogs);
     writer.chooseFormat("QIF");

@@ -15,9 +15,10 @@ int ofxReader(const std::uint8_t* data, std::size_t size) {
     BankingCreditCardQIF reader(ctx);
     Date from = day(2020, 1, 1), to = day(2024, 12, 31);
     reader.fromOFX(*text, from, to);
-    check(reader.currentTransactionIndex == 0 && reader.maxTransactionIndex == reader.qif.size(),
+    check(reader.currentTransactionIndex() == 0,
           "the walk does not start at the first record read");
-    for (Dictionary& record : reader.qif) {
+    for (const TransactionRecord& read : reader.records()) {
+        Dictionary record = read.toDictionary();
         if (find(record, txkey::errorMessage) || find(record, txkey::errorText)) {
             checkErrorRecord(record);
             continue;

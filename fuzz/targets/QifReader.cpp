@@ -29,7 +29,8 @@ int qifReader(const std::uint8_t* data, std::size_t size) {
     Date from = day(2020, 1, 1), to = day(2024, 12, 31);
     std::size_t badLine = reader.fromQIFLines(lines, from, to);
     check(badLine <= lines.size(), "an unreadable date on a line that does not exist");
-    for (Dictionary& record : reader.qif) {
+    for (const TransactionRecord& read : reader.records()) {
+        Dictionary record = read.toDictionary();
         checkDateInRange(ctx, record, from, to);
         auto once = reader.normalizeQIFAmountIn(record);
         check(once == reader.normalizeQIFAmountIn(record), "an amount normalised twice changed");

@@ -226,8 +226,7 @@ void Controller::recordRunSettings(std::optional<Date> from, std::optional<Date>
 }
 
 bool Controller::readTransactions(Date from, Date to) {
-    reader_.qifInputTypeTag = inputTypeTag();
-    reader_.recordsOnDemand = true;
+    reader_.setQifInputType(inputTypeTag());
     if (doingExtract_) {
         std::optional<Dictionary> format = Formats(ctx_.prefs).formatForName(form_.inputFormatName);
         if (!format) {
@@ -247,11 +246,11 @@ bool Controller::readTransactions(Date from, Date to) {
             statusAlert(text::invalidOfxTitle, text::invalidOfx, source_);
             return false;
         }
-        reader_.ofxAccount = form_.choosesInputAccount() ? account_ : std::nullopt;
+        reader_.setOfxAccount(form_.choosesInputAccount() ? account_ : std::nullopt);
         reader_.fromOFX(fileAsString_, from, to);
         return true;
     }
-    reader_.dayFirstDates = chooseQifDateOrder(fileAsLines_, ctx_, dialogs_, source_);
+    reader_.setDayFirstDates(chooseQifDateOrder(fileAsLines_, ctx_, dialogs_, source_));
     std::size_t bad = reader_.fromQIFLines(fileAsLines_, from, to);
     if (bad == 0)
         return true;
@@ -294,7 +293,7 @@ RunEnd Controller::actuallyProcessTheTransactions() {
 // stored record, whose output so far already holds the header and the accepted transactions.
 RunEnd Controller::resume() {
     writer_.account = account_.value_or("");
-    reader_.qifInputTypeTag = inputTypeTag();
+    reader_.setQifInputType(inputTypeTag());
     WalkResult result = reader_.continueWith(*continuationData_, outputFileAsString_, writer_,
                                              warning_, dialogs_, instructions_, walkOptions());
     return processInstructionsDidEnd(result);

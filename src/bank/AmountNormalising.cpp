@@ -58,43 +58,57 @@ void flipSign(std::string& amount) {
 
 } // namespace
 
-std::optional<std::string> BankingCreditCardQIF::normalizeQIFAmountIn(Dictionary& record) {
-    Value* stored = find(record, txkey::amount);
-    if (!stored)
-        return std::nullopt;
-    if (const Value* done = find(record, txkey::amountAlreadyConverted); done && done->toBool())
-        return stored->text();
-    std::string amount = stored->text();
+std::string BankingCreditCardQIF::normalizedAmount(std::string_view stored) const {
+    std::string amount(stored);
     removeAll(amount, charactersToRemove(ctx_.config));
     if (optionOn(ctx_.prefs, option::outputEuropeanAmounts))
         toEuropeanSeparators(amount);
     leadingMinus(amount);
-    if (qifInputTypeTag & kQifReverseSigns)
+    if (qifInputTypeTag_ & kQifReverseSigns)
         flipSign(amount);
+    return amount;
+}
+
+std::optional<std::string> BankingCreditCardQIF::normalizeQIFAmountIn(Dictionary& split) {
+    Value* stored = find(split, txkey::amount);
+    if (!stored)
+        return std::nullopt;
+    if (const Value* done = find(split, txkey::amountAlreadyConverted); done && done->toBool())
+        return stored->text();
+    std::string amount = normalizedAmount(stored->text());
     *stored = Value(amount);
-    if (Value* done = find(record, txkey::amountAlreadyConverted))
-        *done = Value(true);
-    else
-        pending_.insert(record, txkey::amountAlreadyConverted, Value(true));
+    split.insert_or_assign(std::string(txkey::amountAlreadyConverted), Value(true));
+    return amount;
+}
+
+std::optional<std::string> BankingCreditCardQIF::amountFor(TransactionRecord& record) {
+    if (!record.has(TxField::amount))
+        return std::nullopt;
+    if (record.amountConverted())
+        return std::string(record.text(TxField::amount));
+    std::string amount = normalizedAmount(record.text(TxField::amount));
+    if (amount != record.text(TxField::amount))
+        record.set(TxField::amount, amount);
+    record.markAmountConverted();
     return amount;
 }
 
 void BankingCreditCardQIF::processSplits(const Array* transactionSplits) {
     if (!transactionSplits) {
-        splits.reset();
+        splits_.reset();
         return;
     }
-    splits = Array{};
+    splits_ = Array{};
     bool firstHasAmount = !transactionSplits->empty() &&
                           !textOf((*transactionSplits)[0].dictionary(), txkey::amount).empty();
     for (std::size_t i = 0; i < transactionSplits->size(); ++i) {
         Dictionary copy = (*transactionSplits)[i].dictionary();
         // A first split without an amount stands for the whole transaction.
-        if (i == 0 && !firstHasAmount && currentTransactionIndex < qif.size())
+        if (i == 0 && !firstHasAmount && current_ < records_.size())
             copy.insert_or_assign(std::string(txkey::amount),
-                                  Value(textOf(qif[currentTransactionIndex], txkey::amount)));
+                                  Value(std::string(records_[current_].text(TxField::amount))));
         normalizeQIFAmountIn(copy);
-        splits->emplace_back(std::move(copy));
+        splits_->emplace_back(std::move(copy));
     }
 }
 

@@ -1,9 +1,10 @@
 #pragma once
-// The bank and credit-card reader: turns QIF lines, OFX text or formatted text into the list
-// of transaction records (`qif`) that the instruction engine walks, and prepares amounts and
-// splits for output.
+// The bank and credit-card walk: takes the records a reader made of QIF lines, OFX text or
+// formatted text (StatementReaders.h), walks them through the instructions and the forms, and
+// prepares amounts and splits for output.
 
-#include "bank/PendingRecords.h"
+#include "bank/TextArena.h"
+#include "bank/TransactionRecord.h"
 #include "forms/ConfirmForm.h"
 #include "prefs/Value.h"
 
@@ -20,7 +21,6 @@ struct BankOutput;
 class Context;
 class Dialogs;
 class ErrorWarning;
-enum class OfxNumbering;
 class Instructions;
 class OutputFormats;
 
@@ -45,10 +45,22 @@ class BankingCreditCardQIF {
 public:
     explicit BankingCreditCardQIF(Context& ctx) : ctx_(ctx) {}
 
+    // The run's choices that reading and the walk go by.
+    // The account whose statements fromOFX reads, when the file holds several: the others'
+    // transactions are left out, never merged in.
+    void setOfxAccount(std::optional<std::string> account) { ofxAccount_ = std::move(account); }
+    // The order of a QIF file's dates, when the run decided it (chooseQifDateOrder).
+    void setDayFirstDates(std::optional<bool> dayFirst) { dayFirstDates_ = dayFirst; }
+    // The tag of the QIF input-type choice of the run (see QifInputTypes.h).
+    void setQifInputType(int tag) { qifInputTypeTag_ = tag; }
+
+    // The readers below keep records that point into the text they are given: it must stay
+    // unchanged until the walk is over.
+
     // fromQIFLines:fromDate:toDate: — 0 on success, otherwise the 1-based number of the line
-    // whose date could not be read, or is no real day (records read before it stay in `qif`).
-    // The dates are read day first when dayFirstDates says so; unset, in the order the file
-    // shows, else as the option europeanDates says.
+    // whose date could not be read, or is no real day (records read before it are kept).
+    // The dates are read day first when setDayFirstDates says so; unset, in the order the
+    // file shows, else as the option europeanDates says.
     std::size_t fromQIFLines(const std::vector<std::string>& lines, Date fromDate, Date toDate);
 
     // fromOFX:fromDate:toDate: — reads every <STMTTRN> piece; unreadable transactions become
@@ -60,23 +72,29 @@ public:
     bool fromFormattedText(std::string_view text, const Dictionary& format, Date fromDate,
                            Date toDate, ErrorWarning& warning);
 
-    // addField:ofxLabel:fromOFXTransaction:toQIFTransaction: — stores the tag's value under
-    // the key, its entities decoded (numeric ones as UTF-8 when `utf8`) or its CDATA as it
-    // stands; false (record unchanged) when the tag is not in the piece.
-    static bool addField(std::string_view key, std::string_view ofxLabel,
-                         std::string_view transaction, Dictionary& record, bool utf8 = false);
+    // Records read elsewhere, the walk to start at `position`.
+    void start(std::vector<TransactionRecord> records, std::size_t position = 0);
+    // Takes the walk back to an earlier transaction, as Back does.
+    void rewindTo(std::size_t position);
 
-    // normalizeQIFAmountIn: — the amount made ready for output (configured characters
+    const std::vector<TransactionRecord>& records() const { return records_; }
+    std::size_t currentTransactionIndex() const { return current_; }
+    // Whether every transaction is confirmed (the input kind's confirm-all option).
+    bool mustConfirm() const { return mustConfirm_; }
+    // The current transaction's splits as made ready for output.
+    const std::optional<Array>& splits() const { return splits_; }
+
+    // normalizeQIFAmountIn: — a split's amount made ready for output (configured characters
     // removed, European separators, parentheses and trailing minus turned into a leading
-    // minus, signs reversed by the QIF input type). Marks the record so a second call changes
-    // nothing. Nothing when the record has no amount.
-    std::optional<std::string> normalizeQIFAmountIn(Dictionary& record);
+    // minus, signs reversed by the QIF input type). Marks the split so a second call changes
+    // nothing. Nothing when it has no amount.
+    std::optional<std::string> normalizeQIFAmountIn(Dictionary& split);
 
-    // processSplits: — rebuilds `splits` for output from the current transaction's splits.
+    // processSplits: — rebuilds the splits for output from the current transaction's splits.
     void processSplits(const Array* transactionSplits);
 
     // processInstructionsAndAppendToString:didEndDelegate:didEndSelector: — walks the records
-    // from currentTransactionIndex, appending each finished transaction to `output`.
+    // from the current one, appending each finished transaction to `output`.
     WalkResult processInstructionsAndAppendToString(std::string& output, OutputFormats& writer,
                                                     ErrorWarning& warning, Dialogs& dialogs,
                                                     Instructions& instructions,
@@ -88,31 +106,18 @@ public:
                             ErrorWarning& warning, Dialogs& dialogs, Instructions& instructions,
                             const WalkOptions& options);
 
-    // The account whose statements fromOFX reads, when the file holds several: the others'
-    // transactions are left out, never merged in.
-    std::optional<std::string> ofxAccount;
-
-    // The order of a QIF file's dates, when the run decided it (chooseQifDateOrder).
-    std::optional<bool> dayFirstDates;
-
-    // The tag of the QIF input-type choice of the run (see QifInputTypes.h).
-    int qifInputTypeTag = 0;
-
-    std::vector<Dictionary> qif;
-    // Text statements: a record is made when the walk reaches it (or the walk is left for
-    // later); until then its place in `qif` is empty. Off, every record is made while reading.
-    bool recordsOnDemand = false;
-    std::size_t currentTransactionIndex = 0;
-    std::size_t maxTransactionIndex = 0;
-    bool mustConfirm = false;
-    std::optional<Array> splits;
-    bool cancelReturnsToConfirm = false;
-    bool splitInstructionConfirm = false;
-
 private:
     // The walk's own state.
-    bool doingInvestmentBankingTransaction = false;
-    bool splitsOK = true;
+    std::optional<std::string> ofxAccount_;
+    std::optional<bool> dayFirstDates_;
+    int qifInputTypeTag_ = 0;
+    std::vector<TransactionRecord> records_;
+    TextArena texts_; // what records of free text point into
+    std::size_t current_ = 0;
+    bool mustConfirm_ = false;
+    std::optional<Array> splits_;
+    bool cancelReturnsToConfirm = false;
+    bool splitInstructionConfirm = false;
     std::size_t numberOfTransactionsAppended = 0;
     // One-shot request to swap description and memo of the current transaction.
     bool doSwap = false;
@@ -126,32 +131,32 @@ private:
     enum class Step { advanced, skipped, rerun, back, stop, stopNow, finishLater };
     Step step(Walk& walk);
     WalkResult walkOn(Walk& walk);
-    Prepared prepare(Dictionary& record, std::string& output, const WalkOptions& options);
-    bool keepsInputCategory(const Dictionary& record) const;
-    void outputKept(const Prepared& p, Dictionary& record, std::string& output,
+    Prepared prepare(TransactionRecord& record, std::string& output, const WalkOptions& options);
+    bool keepsInputCategory(const TransactionRecord& record) const;
+    void outputKept(const Prepared& p, TransactionRecord& record, std::string& output,
                     OutputFormats& writer, const WalkOptions& options);
-    Step decide(Walk& walk, Prepared& p, Dictionary& record);
+    Step decide(Walk& walk, Prepared& p, TransactionRecord& record);
     std::string descriptionToMatch(const Prepared& p) const;
     std::optional<Dictionary> matchDescription(const Walk& walk, const std::string& text,
                                                const std::string& memo) const;
-    Step followInstruction(Walk& walk, Prepared& p, Dictionary& record);
-    Step confirm(Walk& walk, Prepared& p, Dictionary& record);
+    Step followInstruction(Walk& walk, Prepared& p, TransactionRecord& record);
+    Step confirm(Walk& walk, Prepared& p, TransactionRecord& record);
     ConfirmForm::Setup confirmSetup(const Walk& walk, const Prepared& p,
-                                    const Dictionary& record) const;
-    bool writeAccepted(Walk& walk, const Dictionary& record, const BankOutput& out);
-    Step confirmed(Walk& walk, Prepared& p, Dictionary& record, ConfirmForm& form);
-    Step newInstruction(Walk& walk, Prepared& p, Dictionary& record,
+                                    const TransactionRecord& record) const;
+    bool writeAccepted(Walk& walk, const TransactionRecord& record, const BankOutput& out);
+    Step confirmed(Walk& walk, Prepared& p, TransactionRecord& record, ConfirmForm& form);
+    Step newInstruction(Walk& walk, Prepared& p, TransactionRecord& record,
                         std::optional<std::string> prompt, std::string matched, bool addAmountOnly);
     Step cancelled(Walk& walk);
     Step back();
-    void outputWithInstruction(Walk& walk, const Prepared& p, Dictionary& record);
-    std::string categoryFor(const Dictionary& record, const std::string& ruleCategory) const;
+    void outputWithInstruction(Walk& walk, const Prepared& p, TransactionRecord& record);
+    std::string categoryFor(const TransactionRecord& record, const std::string& ruleCategory) const;
     // The category the confirmation form starts with.
-    std::string formCategory(const Dictionary& record) const;
+    std::string formCategory(const TransactionRecord& record) const;
     Dictionary continuation(const std::string& output);
-    void addRecord(const PendingRecords::Texts& texts);
-    Dictionary& transactionAt(std::size_t i);
-    void letGo(std::size_t i, const Walk& walk);
+    std::string normalizedAmount(std::string_view stored) const;
+    // The record's amount made ready for output, once: the record is marked.
+    std::optional<std::string> amountFor(TransactionRecord& record);
     void rememberDescription(const Walk& walk, std::string_view description);
     void addDescriptionsMet();
 
@@ -159,17 +164,11 @@ private:
     std::optional<Dictionary> amountInstruction_;
     bool redisplayConfirm_ = false;
     std::optional<std::string> formMemo_; // the new-instruction form's memo, while its switch is on
-    std::optional<std::string> numberFor(const Dictionary& record,
+    std::optional<std::string> numberFor(const TransactionRecord& record,
                                          const WalkOptions& options) const;
-    std::optional<std::string> clearedFor(const Dictionary& record,
+    std::optional<std::string> clearedFor(const TransactionRecord& record,
                                           const WalkOptions& options) const;
 
-    void startReading();
-    void finishReading();
-    std::optional<Dictionary> readOFXTransaction(std::string_view piece, OfxNumbering numbering,
-                                                 bool utf8, Date fromDate, Date toDate) const;
-
-    PendingRecords pending_;
     // Descriptions a walk without forms met, first occurrences in order, until it ends.
     std::vector<std::string> descriptionsMet_;
     std::unordered_set<std::string, TextHash, SameText> descriptionsSeen_;

@@ -116,20 +116,26 @@ double amountOf(const Columns& columns, const Fields& fields) {
     return columns.invert ? -value : value;
 }
 
-// The record's texts (in PendingRecords' order); nothing when the Date column lies beyond the
-// transaction's fields. The amount is printed into `amount`, which the texts then point into.
-std::optional<PendingRecords::Texts> textsFrom(const Fields& fields, const Columns& columns,
-                                               int precision, std::string& amount) {
+// The record the transaction's fields make, its texts kept in `texts`; nothing when the Date
+// column lies beyond the transaction's fields. The amount is printed into `amount` first.
+std::optional<TransactionRecord> recordFrom(const Fields& fields, const Columns& columns,
+                                            int precision, std::string& amount, TextArena& texts) {
     std::optional<std::string_view> date = column(columns.date, fields);
     if (!date)
         return std::nullopt;
     printFixed(amount, amountOf(columns, fields), precision);
-    return PendingRecords::Texts{date,
-                                 column(columns.check, fields),
-                                 column(columns.description, fields),
-                                 column(columns.memo, fields),
-                                 column(columns.category, fields),
-                                 std::string_view(amount)};
+    TransactionRecord record;
+    auto keep = [&](TxField f, std::optional<std::string_view> text) {
+        if (text)
+            record.point(f, texts.keep(*text));
+    };
+    keep(TxField::date, date);
+    keep(TxField::number, column(columns.check, fields));
+    keep(TxField::description, column(columns.description, fields));
+    keep(TxField::memo, column(columns.memo, fields));
+    keep(TxField::category, column(columns.category, fields));
+    keep(TxField::amount, amount);
+    return record;
 }
 
 bool isEngineError(const Fields& fields) {
@@ -151,41 +157,35 @@ std::pair<std::string, std::string> problemOf(const Fields& fields, std::string_
 
 } // namespace
 
-void BankingCreditCardQIF::addRecord(const PendingRecords::Texts& texts) {
-    if (!recordsOnDemand) {
-        qif.push_back(PendingRecords::recordOf(texts));
-        return;
-    }
-    qif.emplace_back();
-    pending_.add(texts);
-}
-
 bool BankingCreditCardQIF::fromFormattedText(std::string_view text, const Dictionary& format,
                                              Date fromDate, Date toDate, ErrorWarning& warning) {
     Extract extract(ctx_);
     if (!extract.parseTransactionsForCString(text, format))
         return false;
     warning.reset();
-    startReading();
-    qif.reserve(extract.transactionsAsLines.size());
-    // Free text has a confirm-all setting of its own.
-    mustConfirm = optionOn(ctx_.prefs, option::textConfirmAllTransactions);
+    start({});
+    texts_.clear();
+    std::vector<TransactionRecord> records;
+    records.reserve(extract.transactionsAsLines.size());
     const int precision = amountPrecision(ctx_.prefs);
     const Columns columns(format);
     const std::string skip(text::skipTransaction);
     std::string amount;
     while (const Fields* fields = extract.nextTransactionUsingFormat(format, fromDate, toDate)) {
-        std::optional<PendingRecords::Texts> texts =
-            isEngineError(*fields) ? std::nullopt : textsFrom(*fields, columns, precision, amount);
-        if (texts) {
-            addRecord(*texts);
+        std::optional<TransactionRecord> record =
+            isEngineError(*fields) ? std::nullopt
+                                   : recordFrom(*fields, columns, precision, amount, texts_);
+        if (record) {
+            records.push_back(std::move(*record));
             continue;
         }
         auto [message, offending] = problemOf(*fields, extract.currentTransactionText());
         if (warning.warn(&format, message, offending, skip) == 0)
             return false;
     }
-    finishReading();
+    start(std::move(records));
+    // Free text has a confirm-all setting of its own.
+    mustConfirm_ = optionOn(ctx_.prefs, option::textConfirmAllTransactions);
     return true;
 }
 

@@ -11,6 +11,7 @@
 #include "bank/BankingCreditCardQIF.h"
 #include "bank/OfxStatements.h"
 #include "bank/OfxValues.h"
+#include "bank/StatementReaders.h"
 #include "context/Context.h"
 #include "formats/TransactionKeys.h"
 #include "prefs/Settings.h"
@@ -58,11 +59,6 @@ std::optional<CalendarDate> postedDate(std::string_view piece) {
     return CalendarDate{*year, *month, *day};
 }
 
-Dictionary errorRecord(std::string_view message, std::string_view piece) {
-    return Dictionary{{std::string(txkey::errorMessage), Value(message)},
-                      {std::string(txkey::errorText), Value(piece)}};
-}
-
 // Credit-card statements number their transactions by reference only; bank statements prefer
 // the reference to the check number, which is how it has always been read.
 OfxNumbering numberingOf(OfxStatement::Kind kind) {
@@ -80,13 +76,14 @@ OfxNumbering wholeFileOfxNumbering(std::string_view text) {
     return OfxNumbering::none;
 }
 
-void addNumber(std::string_view piece, OfxNumbering numbering, bool utf8, Dictionary& record) {
+void addNumber(std::string_view piece, OfxNumbering numbering, bool utf8,
+               TransactionRecord& record) {
     if (numbering == OfxNumbering::none)
         return;
-    if (BankingCreditCardQIF::addField(txkey::number, "<REFNUM>", piece, record, utf8) ||
+    if (addOfxField(TxField::number, "<REFNUM>", piece, record, utf8) ||
         numbering == OfxNumbering::reference)
         return;
-    BankingCreditCardQIF::addField(txkey::number, "<CHECKNUM>", piece, record, utf8);
+    addOfxField(TxField::number, "<CHECKNUM>", piece, record, utf8);
 }
 
 // The last transaction of a statement that stops inside it: the file opened an OFX document,
@@ -102,8 +99,8 @@ bool cutOff(std::string_view text, std::string_view lastPiece) {
 
 } // namespace
 
-bool BankingCreditCardQIF::addField(std::string_view key, std::string_view ofxLabel,
-                                    std::string_view transaction, Dictionary& record, bool utf8) {
+bool addOfxField(TxField field, std::string_view ofxLabel, std::string_view transaction,
+                 TransactionRecord& record, bool utf8) {
     constexpr std::string_view cdata = "<![CDATA[";
     std::size_t at = transaction.find(ofxLabel);
     if (at == std::string_view::npos)
@@ -115,29 +112,18 @@ bool BankingCreditCardQIF::addField(std::string_view key, std::string_view ofxLa
     if (transaction.substr(at, cdata.size()) == cdata) {
         std::size_t end = transaction.find("]]>", at += cdata.size());
         end = end == std::string_view::npos ? transaction.size() : end;
-        record.insert_or_assign(std::string(key), Value(transaction.substr(at, end - at)));
+        record.point(field, transaction.substr(at, end - at));
         return true;
     }
     std::size_t end = transaction.find_first_of(std::string_view("\0\n\r<", 4), at);
     if (end == std::string_view::npos)
         end = transaction.size();
-    record.insert_or_assign(std::string(key),
-                            Value(ofxText(transaction.substr(at, end - at), utf8)));
+    std::string_view value = transaction.substr(at, end - at);
+    if (value.find('&') == std::string_view::npos)
+        record.point(field, value);
+    else
+        record.set(field, ofxText(value, utf8));
     return true;
-}
-
-void BankingCreditCardQIF::startReading() {
-    qif.clear();
-    pending_.clear();
-    mustConfirm = optionOn(ctx_.prefs, option::confirmAllTransactions);
-    doingInvestmentBankingTransaction = false;
-    splits.reset();
-    splitsOK = true;
-}
-
-void BankingCreditCardQIF::finishReading() {
-    currentTransactionIndex = 0;
-    maxTransactionIndex = qif.size();
 }
 
 namespace {
@@ -170,40 +156,46 @@ struct OfxFile {
 
 } // namespace
 
-std::optional<Dictionary> BankingCreditCardQIF::readOFXTransaction(std::string_view piece,
-                                                                   OfxNumbering numbering,
-                                                                   bool utf8, Date fromDate,
-                                                                   Date toDate) const {
+namespace {
+
+std::optional<TransactionRecord> readOfxTransaction(std::string_view piece, OfxNumbering numbering,
+                                                    bool utf8, Date fromDate, Date toDate,
+                                                    const Context& ctx) {
     auto posted = postedDate(piece);
     if (!posted)
-        return errorRecord(text::ofxNoDate, piece);
+        return TransactionRecord::error(text::ofxNoDate, piece);
     Date date = localMidnight(*posted);
     if (date < fromDate || date > toDate)
         return std::nullopt;
-    Dictionary record{
-        {std::string(txkey::date), Value(formatDate(date, ctx_.output.longDatePattern()))}};
+    TransactionRecord record;
+    record.set(TxField::date, formatDate(date, ctx.output.longDatePattern()));
     addNumber(piece, numbering, utf8, record);
-    addField(txkey::memo, "<MEMO>", piece, record, utf8);
-    if (!addField(txkey::description, "<NAME>", piece, record, utf8))
-        record.emplace(std::string(txkey::description), Value(""));
-    if (!addField(txkey::amount, "<TRNAMT>", piece, record))
-        return errorRecord(text::ofxNoAmount, piece);
-    auto amount = ofxAmount(textOf(record, txkey::amount));
+    addOfxField(TxField::memo, "<MEMO>", piece, record, utf8);
+    if (!addOfxField(TxField::description, "<NAME>", piece, record, utf8))
+        record.point(TxField::description, "");
+    if (!addOfxField(TxField::amount, "<TRNAMT>", piece, record))
+        return TransactionRecord::error(text::ofxNoAmount, piece);
+    auto amount = ofxAmount(record.text(TxField::amount));
     if (!amount)
-        return errorRecord(text::ofxAmountNotNumber, piece);
-    record[std::string(txkey::amount)] = Value(*amount);
-    if (!optionOn(ctx_.prefs, option::useOFXTRNTYPE))
+        return TransactionRecord::error(text::ofxAmountNotNumber, piece);
+    if (*amount != record.text(TxField::amount))
+        record.set(TxField::amount, *amount);
+    if (!optionOn(ctx.prefs, option::useOFXTRNTYPE))
         return record;
-    if (!addField(txkey::trntype, "<TRNTYPE>", piece, record, utf8))
-        return errorRecord(text::ofxNoType, piece);
+    if (!addOfxField(TxField::trntype, "<TRNTYPE>", piece, record, utf8))
+        return TransactionRecord::error(text::ofxNoType, piece);
     // A debit is signed whatever its own sign: an amount already negative gets a second minus.
-    if (textOf(record, txkey::trntype) == "DEBIT")
-        record[std::string(txkey::amount)] = Value("-" + textOf(record, txkey::amount));
+    if (record.text(TxField::trntype) == "DEBIT")
+        record.set(TxField::amount, "-" + std::string(record.text(TxField::amount)));
     return record;
 }
 
-void BankingCreditCardQIF::fromOFX(std::string_view text, Date fromDate, Date toDate) {
-    startReading();
+} // namespace
+
+std::vector<TransactionRecord> readOfxStatement(std::string_view text, Date fromDate, Date toDate,
+                                                const std::optional<std::string>& account,
+                                                const Context& ctx) {
+    std::vector<TransactionRecord> records;
     OfxFile file(text);
     std::size_t at = text.find(kTransactionTag);
     while (at != std::string_view::npos) {
@@ -214,15 +206,19 @@ void BankingCreditCardQIF::fromOFX(std::string_view text, Date fromDate, Date to
         const OfxStatement* statement = file.statementAt(at);
         at = next;
         // Another account's transactions are left for a run of their own.
-        if (ofxAccount && (!statement || statement->account != *ofxAccount))
+        if (account && (!statement || statement->account != *account))
             continue;
         if (next == std::string_view::npos && cutOff(text, piece))
-            qif.push_back(errorRecord(text::ofxCutOff, piece));
-        else if (auto record = readOFXTransaction(piece, file.numberingOf(statement), file.utf8,
-                                                  fromDate, toDate))
-            qif.push_back(std::move(*record));
+            records.push_back(TransactionRecord::error(text::ofxCutOff, piece));
+        else if (auto record = readOfxTransaction(piece, file.numberingOf(statement), file.utf8,
+                                                  fromDate, toDate, ctx))
+            records.push_back(std::move(*record));
     }
-    finishReading();
+    return records;
+}
+
+void BankingCreditCardQIF::fromOFX(std::string_view text, Date fromDate, Date toDate) {
+    start(readOfxStatement(text, fromDate, toDate, ofxAccount_, ctx_));
 }
 
 } // namespace tavvel

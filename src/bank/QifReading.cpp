@@ -5,6 +5,7 @@
 
 #include "bank/BankingCreditCardQIF.h"
 #include "bank/QifDates.h"
+#include "bank/StatementReaders.h"
 #include "context/Context.h"
 #include "formats/TransactionKeys.h"
 #include "prefs/Settings.h"
@@ -25,20 +26,20 @@ struct PendingSplit {
 };
 
 // The plain fields, by their letter.
-std::optional<std::string_view> keyFor(char letter) {
+std::optional<TxField> fieldFor(char letter) {
     switch (letter) {
     case 'N':
-        return txkey::number;
+        return TxField::number;
     case 'M':
-        return txkey::memo;
+        return TxField::memo;
     case 'L':
-        return txkey::category;
+        return TxField::category;
     case 'C':
-        return txkey::cleared;
+        return TxField::cleared;
     case 'P':
-        return txkey::description;
+        return TxField::description;
     case 'T':
-        return txkey::amount;
+        return TxField::amount;
     default:
         return std::nullopt;
     }
@@ -69,15 +70,16 @@ void splitLine(std::string_view line, PendingSplit& split) {
 }
 
 // A "^" keeps the record once it has a date, with its splits in place of its category.
-void endRecord(Dictionary& record, PendingSplit& split, std::vector<Dictionary>& qif) {
-    if (!has(record, txkey::date))
+void endRecord(TransactionRecord& record, PendingSplit& split,
+               std::vector<TransactionRecord>& records) {
+    if (!record.has(TxField::date))
         return;
     if (split.list) {
-        record.insert_or_assign(std::string(txkey::splits), Value(std::move(*split.list)));
-        record.erase(std::string(txkey::category));
+        record.setSplits(std::move(split.list));
+        record.erase(TxField::category);
     }
-    qif.push_back(std::move(record));
-    record = Dictionary{};
+    records.push_back(std::move(record));
+    record = TransactionRecord{};
     split = PendingSplit{};
 }
 
@@ -96,7 +98,7 @@ struct RegisterWalk {
     bool dayFirst = false;
     std::string pattern;
     Date fromDate, toDate;
-    Dictionary record;
+    TransactionRecord record;
     PendingSplit split;
     bool skipping = false;
     bool inAccount = false;
@@ -119,41 +121,45 @@ bool readDateLine(std::string_view line, RegisterWalk& walk, const Context& ctx)
     Date date = TvDate().dateWithYear(day->year, day->month, day->day);
     walk.skipping = date < walk.fromDate || date > walk.toDate;
     if (!walk.skipping)
-        walk.record.insert_or_assign(std::string(txkey::date),
-                                     Value(formatDate(date, walk.pattern)));
+        walk.record.set(TxField::date, formatDate(date, walk.pattern));
     return true;
 }
 
 // A field, the "^" that ends the record, or a split line.
-void collectLine(std::string_view line, RegisterWalk& walk, bool splitsOK,
-                 std::vector<Dictionary>& qif) {
-    if (auto key = keyFor(line.front())) {
-        std::string rest(line.substr(1));
-        if (*key == txkey::amount)
-            rest = convertEuropeanAmount(rest);
-        walk.record.insert_or_assign(std::string(*key), Value(std::move(rest)));
+void collectLine(std::string_view line, RegisterWalk& walk,
+                 std::vector<TransactionRecord>& records) {
+    if (auto field = fieldFor(line.front())) {
+        std::string_view rest = line.substr(1);
+        if (*field != TxField::amount) {
+            walk.record.point(*field, rest);
+            return;
+        }
+        std::string amount = convertEuropeanAmount(rest);
+        if (amount == rest)
+            walk.record.point(*field, rest);
+        else
+            walk.record.set(*field, amount);
         return;
     }
     if (line.front() == '^') {
-        endRecord(walk.record, walk.split, qif);
+        endRecord(walk.record, walk.split, records);
         return;
     }
-    if (splitsOK && (line.front() == 'S' || line.front() == 'E' || line.front() == '$'))
+    if (line.front() == 'S' || line.front() == 'E' || line.front() == '$')
         splitLine(line, walk.split);
 }
 
 } // namespace
 
-std::size_t BankingCreditCardQIF::fromQIFLines(const std::vector<std::string>& lines, Date fromDate,
-                                               Date toDate) {
-    startReading();
+QifRegisterRead readQifRegister(const std::vector<std::string>& lines, Date fromDate, Date toDate,
+                                std::optional<bool> dayFirst, const Context& ctx) {
+    QifRegisterRead read;
     RegisterWalk walk;
     walk.caretEnds = std::find(lines.begin(), lines.end(), "^") != lines.end();
-    walk.dayFirst =
-        dayFirstDates.value_or(qifDateEvidence(lines, ctx_.config, ctx_.clock)
-                                   .shownDayFirst()
-                                   .value_or(optionOn(ctx_.prefs, option::europeanDates)));
-    walk.pattern = ctx_.output.longDatePattern();
+    walk.dayFirst = dayFirst.value_or(qifDateEvidence(lines, ctx.config, ctx.clock)
+                                          .shownDayFirst()
+                                          .value_or(optionOn(ctx.prefs, option::europeanDates)));
+    walk.pattern = ctx.output.longDatePattern();
     walk.fromDate = fromDate;
     walk.toDate = toDate;
     for (std::size_t i = 0; i < lines.size(); ++i) {
@@ -161,17 +167,25 @@ std::size_t BankingCreditCardQIF::fromQIFLines(const std::vector<std::string>& l
         if (!line || line->front() == ' ' || inAccountBlock(*line, walk.inAccount))
             continue;
         if (line->front() == 'D') {
-            if (!readDateLine(*line, walk, ctx_))
-                return i + 1;
+            if (!readDateLine(*line, walk, ctx)) {
+                read.badLine = i + 1;
+                return read;
+            }
             continue;
         }
         // An out-of-range record's "^" is passed over too, so whatever it collected before
         // its D line carries into the next record: files have always been read that way.
         if (!walk.skipping)
-            collectLine(*line, walk, splitsOK, qif);
+            collectLine(*line, walk, read.records);
     }
-    finishReading();
-    return 0;
+    return read;
+}
+
+std::size_t BankingCreditCardQIF::fromQIFLines(const std::vector<std::string>& lines, Date fromDate,
+                                               Date toDate) {
+    QifRegisterRead read = readQifRegister(lines, fromDate, toDate, dayFirstDates_, ctx_);
+    start(std::move(read.records));
+    return read.badLine;
 }
 
 } // namespace tavvel

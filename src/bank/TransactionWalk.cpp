@@ -24,16 +24,10 @@ namespace tavvel {
 
 namespace {
 
-void setText(Dictionary& record, std::string_view key, const std::optional<std::string>& text) {
-    if (text)
-        record.insert_or_assign(std::string(key), Value(*text));
-    else if (auto it = record.find(key); it != record.end())
-        record.erase(it);
-}
-
 // First letter of every word upper case, the rest lower case ("C" locale, bytes above 127
 // left alone).
-std::string initialCapitals(std::string text) {
+std::string initialCapitals(std::string_view original) {
+    std::string text(original);
     bool wordStart = true;
     for (char& c : text) {
         auto u = static_cast<unsigned char>(c);
@@ -47,83 +41,87 @@ std::string initialCapitals(std::string text) {
 
 // Swaps only when there is a memo to swap in; the record is marked swapped either way, so a
 // revisit never swaps back.
-void swapDescriptionAndMemo(Dictionary& record) {
-    std::string memo = textOf(record, txkey::memo);
+void swapDescriptionAndMemo(TransactionRecord& record) {
+    std::string_view memo = record.text(TxField::memo);
     if (!memo.empty()) {
-        std::string description = textOf(record, txkey::description);
-        record.insert_or_assign(std::string(txkey::description), Value(memo));
-        record.insert_or_assign(std::string(txkey::memo), Value(description));
+        std::string_view description = record.text(TxField::description);
+        record.point(TxField::description, memo);
+        record.point(TxField::memo, description);
     }
-    record.insert_or_assign(std::string(txkey::AlreadySwapped), Value(true));
+    record.markSwapped();
+}
+
+// The record's own text, rewritten only when the rule changes it.
+void rewrite(TransactionRecord& record, TxField field, std::string_view text) {
+    if (!record.has(field) || record.text(field) != text)
+        record.set(field, text);
 }
 
 } // namespace
 
-BankingCreditCardQIF::Prepared
-BankingCreditCardQIF::prepare(Dictionary& record, std::string& output, const WalkOptions& options) {
-    if (const Value* length = find(record, txkey::outputLength))
-        output.resize(std::min<std::size_t>(output.size(), length->toInteger()));
+BankingCreditCardQIF::Prepared BankingCreditCardQIF::prepare(TransactionRecord& record,
+                                                             std::string& output,
+                                                             const WalkOptions& options) {
+    if (auto length = record.outputLength())
+        output.resize(std::min(output.size(), *length));
     else
-        pending_.insert(record, txkey::outputLength,
-                        Value(static_cast<std::int64_t>(output.size())));
+        record.setOutputLength(output.size());
     const TvPrefs& prefs = ctx_.prefs;
-    bool alreadySwapped = find(record, txkey::AlreadySwapped) != nullptr;
-    if (doSwap || (options.swapDescriptionAndMemo && !alreadySwapped)) {
+    if (doSwap || (options.swapDescriptionAndMemo && !record.alreadySwapped())) {
         swapDescriptionAndMemo(record);
-    } else if (textViewOf(record, txkey::description).empty() &&
-               optionOn(prefs, option::treatMemoAsDescription) && has(record, txkey::memo)) {
-        record.insert_or_assign(std::string(txkey::description),
-                                Value(textOf(record, txkey::memo)));
+    } else if (record.text(TxField::description).empty() &&
+               optionOn(prefs, option::treatMemoAsDescription) && record.has(TxField::memo)) {
+        record.point(TxField::description, record.text(TxField::memo));
     }
     doSwap = false;
-    if (textViewOf(record, txkey::description).empty())
-        record.insert_or_assign(std::string(txkey::description),
-                                Value(optionOn(prefs, option::leaveBlankDescriptionsBlank)
-                                          ? ""
-                                          : std::string(text::noDescription)));
+    if (record.text(TxField::description).empty())
+        record.point(TxField::description, optionOn(prefs, option::leaveBlankDescriptionsBlank)
+                                               ? std::string_view("")
+                                               : text::noDescription);
     if (optionOn(prefs, option::initialCaps)) {
-        setText(record, txkey::description, initialCapitals(textOf(record, txkey::description)));
-        if (has(record, txkey::memo))
-            setText(record, txkey::memo, initialCapitals(textOf(record, txkey::memo)));
+        rewrite(record, TxField::description, initialCapitals(record.text(TxField::description)));
+        if (record.has(TxField::memo))
+            rewrite(record, TxField::memo, initialCapitals(record.text(TxField::memo)));
     }
     Prepared p;
-    p.date = options.outputDate.empty() ? textOf(record, txkey::date) : options.outputDate;
-    p.amount = normalizeQIFAmountIn(record);
-    p.description = optionalText(record, txkey::description);
-    p.memo = optionalText(record, txkey::memo);
+    p.date =
+        options.outputDate.empty() ? std::string(record.text(TxField::date)) : options.outputDate;
+    p.amount = amountFor(record);
+    p.description = record.optionalText(TxField::description);
+    p.memo = record.optionalText(TxField::memo);
     return p;
 }
 
-bool BankingCreditCardQIF::keepsInputCategory(const Dictionary& record) const {
+bool BankingCreditCardQIF::keepsInputCategory(const TransactionRecord& record) const {
     if (optionOn(ctx_.prefs, option::dontAddCategories))
         return true;
     if (optionOn(ctx_.prefs, option::useCategoriesIfPresent))
-        return has(record, txkey::category) || has(record, txkey::splits);
+        return record.has(TxField::category) || record.splits().has_value();
     return false;
 }
 
-std::optional<std::string> BankingCreditCardQIF::numberFor(const Dictionary& record,
+std::optional<std::string> BankingCreditCardQIF::numberFor(const TransactionRecord& record,
                                                            const WalkOptions& options) const {
     if (!options.outputNumber.empty())
         return options.outputNumber;
     if (extractedCheckNumber)
         return extractedCheckNumber;
-    return optionalText(record, txkey::number);
+    return record.optionalText(TxField::number);
 }
 
-std::optional<std::string> BankingCreditCardQIF::clearedFor(const Dictionary& record,
+std::optional<std::string> BankingCreditCardQIF::clearedFor(const TransactionRecord& record,
                                                             const WalkOptions& options) const {
     if (options.markAsCleared)
         return std::string("*");
     if (options.markAsUncleared)
         return std::string();
-    return optionalText(record, txkey::cleared);
+    return record.optionalText(TxField::cleared);
 }
 
-void BankingCreditCardQIF::outputKept(const Prepared& p, Dictionary& record, std::string& output,
-                                      OutputFormats& writer, const WalkOptions& options) {
-    const Value* ownSplits = find(record, txkey::splits);
-    processSplits(ownSplits ? &ownSplits->array() : nullptr);
+void BankingCreditCardQIF::outputKept(const Prepared& p, TransactionRecord& record,
+                                      std::string& output, OutputFormats& writer,
+                                      const WalkOptions& options) {
+    processSplits(record.splits() ? &*record.splits() : nullptr);
     // The memo typed in the new-instruction form, while its switch was left on, wins over the
     // record's: that has always been so.
     BankOutput out{p.date,
@@ -131,9 +129,9 @@ void BankingCreditCardQIF::outputKept(const Prepared& p, Dictionary& record, std
                    formMemo_ ? formMemo_ : p.memo,
                    p.amount,
                    numberFor(record, options),
-                   optionalText(record, txkey::category),
+                   record.optionalText(TxField::category),
                    clearedFor(record, options),
-                   splits ? &*splits : nullptr};
+                   splits_ ? &*splits_ : nullptr};
     writer.produceBankCCOutput(output, out);
 }
 
@@ -152,20 +150,20 @@ std::optional<std::string> checkNumberIn(std::string_view description) {
 
 } // namespace
 
-std::string BankingCreditCardQIF::categoryFor(const Dictionary& record,
+std::string BankingCreditCardQIF::categoryFor(const TransactionRecord& record,
                                               const std::string& ruleCategory) const {
-    if (optionOn(ctx_.prefs, option::useCategoriesIfPresent) && has(record, txkey::category))
-        return textOf(record, txkey::category);
+    if (optionOn(ctx_.prefs, option::useCategoriesIfPresent) && record.has(TxField::category))
+        return std::string(record.text(TxField::category));
     return ruleCategory;
 }
 
 void BankingCreditCardQIF::outputWithInstruction(Walk& walk, const Prepared& p,
-                                                 Dictionary& record) {
+                                                 TransactionRecord& record) {
     BankOutput out;
     out.date = p.date;
     out.number = numberFor(record, walk.options);
     out.cleared = clearedFor(record, walk.options);
-    out.splits = splits ? &*splits : nullptr;
+    out.splits = splits_ ? &*splits_ : nullptr;
     if (amountInstruction_) {
         const Dictionary& a = *amountInstruction_;
         out.description = textOf(a, akey::amountDescription);
@@ -186,12 +184,12 @@ void BankingCreditCardQIF::outputWithInstruction(Walk& walk, const Prepared& p,
 }
 
 BankingCreditCardQIF::Step BankingCreditCardQIF::decide(Walk& walk, Prepared& p,
-                                                        Dictionary& record) {
+                                                        TransactionRecord& record) {
     std::optional<Dictionary> found;
     std::optional<std::string> prompt;
     std::string matched;
-    if (optionOn(ctx_.prefs, option::baseCategoriesOnCategories) && has(record, txkey::category)) {
-        matched = textOf(record, txkey::category);
+    if (optionOn(ctx_.prefs, option::baseCategoriesOnCategories) && record.has(TxField::category)) {
+        matched = record.text(TxField::category);
         found = walk.instructions.instructionMatching(matched, ikey::categoryMatch);
     } else {
         matched = descriptionToMatch(p);
@@ -230,17 +228,19 @@ std::optional<Dictionary> BankingCreditCardQIF::matchDescription(const Walk& wal
 // With the instruction found: its amount instruction, the splits to use, the check number,
 // then output at once or confirm first.
 BankingCreditCardQIF::Step BankingCreditCardQIF::followInstruction(Walk& walk, Prepared& p,
-                                                                   Dictionary& record) {
+                                                                   TransactionRecord& record) {
     const Dictionary* amount = Amounts::amountMatching(p.amount.value_or(""), instruction_);
     amountInstruction_ = amount ? std::optional<Dictionary>(*amount) : std::nullopt;
-    const Value* chosen = has(record, txkey::userSplits) ? find(record, txkey::splits)
-                          : amountInstruction_           ? find(*amountInstruction_, akey::splits)
-                                                         : find(instruction_, ikey::splits);
-    processSplits(chosen ? &chosen->array() : nullptr);
+    const Value* chosen = amountInstruction_ ? find(*amountInstruction_, akey::splits)
+                                             : find(instruction_, ikey::splits);
+    if (record.userSplits())
+        processSplits(record.splits() ? &*record.splits() : nullptr);
+    else
+        processSplits(chosen ? &chosen->array() : nullptr);
     extractedCheckNumber.reset();
     if (flagOf(instruction_, ikey::number))
         extractedCheckNumber = checkNumberIn(p.description.value_or(""));
-    bool ask = mustConfirm || redisplayConfirm_ ||
+    bool ask = mustConfirm_ || redisplayConfirm_ ||
                (amountInstruction_ ? flagOf(*amountInstruction_, akey::amountConfirm)
                                    : flagOf(instruction_, ikey::categoryConfirm));
     if (ask)
@@ -249,25 +249,12 @@ BankingCreditCardQIF::Step BankingCreditCardQIF::followInstruction(Walk& walk, P
     return Step::advanced;
 }
 
-Dictionary& BankingCreditCardQIF::transactionAt(std::size_t i) {
-    if (pending_.pending(i))
-        qif[i] = pending_.take(i);
-    return qif[i];
-}
-
-// When no answer can lead back to a transaction or leave the walk for later, nothing reads
-// a walked record again.
-void BankingCreditCardQIF::letGo(std::size_t i, const Walk& walk) {
-    if (walk.dialogs.acceptsFormsAsShown())
-        pending_.recycle(qif[i]);
-}
-
 BankingCreditCardQIF::Step BankingCreditCardQIF::step(Walk& walk) {
-    Dictionary& record = transactionAt(currentTransactionIndex);
-    if (has(record, txkey::errorMessage)) {
-        int pressed =
-            walk.warning.warn(walk.options.inputFormat, textOf(record, txkey::errorMessage),
-                              textOf(record, txkey::errorText), std::string(text::skipTransaction));
+    TransactionRecord& record = records_[current_];
+    if (record.isError()) {
+        int pressed = walk.warning.warn(
+            walk.options.inputFormat, std::string(record.text(TxField::errorMessage)),
+            std::string(record.text(TxField::errorText)), std::string(text::skipTransaction));
         return pressed == 1 ? Step::skipped : Step::stop;
     }
     splitInstructionConfirm = false;
@@ -275,14 +262,24 @@ BankingCreditCardQIF::Step BankingCreditCardQIF::step(Walk& walk) {
     instruction_.clear();
     amountInstruction_.reset();
     if (keepsInputCategory(record)) {
-        const Value* own = find(record, txkey::splits);
-        processSplits(own ? &own->array() : nullptr);
-        if (mustConfirm || redisplayConfirm_)
+        processSplits(record.splits() ? &*record.splits() : nullptr);
+        if (mustConfirm_ || redisplayConfirm_)
             return confirm(walk, p, record);
         outputKept(p, record, walk.output, walk.writer, walk.options);
         return Step::advanced;
     }
     return decide(walk, p, record);
+}
+
+void BankingCreditCardQIF::start(std::vector<TransactionRecord> records, std::size_t position) {
+    records_ = std::move(records);
+    current_ = position;
+    mustConfirm_ = optionOn(ctx_.prefs, option::confirmAllTransactions);
+    splits_.reset();
+}
+
+void BankingCreditCardQIF::rewindTo(std::size_t position) {
+    current_ = std::min(position, records_.size());
 }
 
 WalkResult BankingCreditCardQIF::processInstructionsAndAppendToString(
@@ -300,18 +297,16 @@ WalkResult BankingCreditCardQIF::continueWith(const Dictionary& data, std::strin
                                               Dialogs& dialogs, Instructions& instructions,
                                               const WalkOptions& options) {
     output = textOf(data, "fileAsString");
-    qif.clear();
+    std::vector<TransactionRecord> stored;
     if (const Value* records = find(data, "qif"))
         for (const Value& record : records->array())
-            qif.push_back(record.dictionary());
-    maxTransactionIndex = qif.size();
+            stored.push_back(TransactionRecord::fromDictionary(record.dictionary()));
     auto count = [&data](std::string_view key) {
         const Value* v = find(data, key);
         return static_cast<std::size_t>(std::max<std::int64_t>(0, v ? v->toInteger() : 0));
     };
-    currentTransactionIndex = count("currentTransactionIndex");
+    start(std::move(stored), count("currentTransactionIndex"));
     numberOfTransactionsAppended = count("numberOfTransactionsAppended");
-    mustConfirm = optionOn(ctx_.prefs, option::confirmAllTransactions);
     Walk walk{output, writer, warning, dialogs, instructions, options};
     WalkResult result = walkOn(walk);
     addDescriptionsMet();
@@ -322,14 +317,13 @@ WalkResult BankingCreditCardQIF::walkOn(Walk& walk) {
     std::string& output = walk.output;
     extractedCheckNumber.reset();
     cancelReturnsToConfirm = false;
-    while (currentTransactionIndex < maxTransactionIndex) {
+    while (current_ < records_.size()) {
         switch (step(walk)) {
         case Step::advanced:
             ++numberOfTransactionsAppended;
             [[fallthrough]];
         case Step::skipped:
-            letGo(currentTransactionIndex, walk);
-            ++currentTransactionIndex;
+            ++current_;
             extractedCheckNumber.reset();
             changedDescription.clear();
             break;

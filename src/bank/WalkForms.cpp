@@ -45,20 +45,20 @@ std::string formMemo(const std::optional<Dictionary>& amount, const Dictionary& 
 
 } // namespace
 
-std::string BankingCreditCardQIF::formCategory(const Dictionary& record) const {
+std::string BankingCreditCardQIF::formCategory(const TransactionRecord& record) const {
     if (amountInstruction_)
         return categoryFor(record, textOf(*amountInstruction_, akey::amountCategory));
     if (!instruction_.empty())
         return categoryFor(record, textOf(instruction_, ikey::category));
     bool keepsNone = !optionOn(ctx_.prefs, option::dontAddCategories) &&
                      !optionOn(ctx_.prefs, option::useCategoriesIfPresent);
-    return keepsNone ? std::string() : textOf(record, txkey::category);
+    return keepsNone ? std::string() : std::string(record.text(TxField::category));
 }
 
 ConfirmForm::Setup BankingCreditCardQIF::confirmSetup(const Walk& walk, const Prepared& p,
-                                                      const Dictionary& record) const {
+                                                      const TransactionRecord& record) const {
     ConfirmForm::Setup setup;
-    setup.recordDate = textOf(record, txkey::date);
+    setup.recordDate = record.text(TxField::date);
     setup.date = p.date;
     setup.fixedDate = !walk.options.outputDate.empty();
     setup.datePattern = ctx_.output.longDatePattern();
@@ -66,21 +66,21 @@ ConfirmForm::Setup BankingCreditCardQIF::confirmSetup(const Walk& walk, const Pr
     setup.number = numberFor(record, walk.options);
     setup.description =
         formDescription(amountInstruction_, instruction_, changedDescription, p.description);
-    if (has(record, txkey::memo))
+    if (record.has(TxField::memo))
         setup.memo = formMemo(amountInstruction_, instruction_, p.memo);
     setup.category = formCategory(record);
-    setup.splits = splits;
-    setup.recordHasCategory = has(record, txkey::category);
-    setup.mustConfirm = mustConfirm;
+    setup.splits = splits_;
+    setup.recordHasCategory = record.has(TxField::category);
+    setup.mustConfirm = mustConfirm_;
     setup.splitInstructionConfirm = splitInstructionConfirm;
     setup.qifOutput = walk.writer.QIFOutput();
-    setup.backEnabled = currentTransactionIndex > 0;
+    setup.backEnabled = current_ > 0;
     setup.instructionKeyedOnDescription = !has(instruction_, ikey::categoryMatch);
     return setup;
 }
 
 BankingCreditCardQIF::Step BankingCreditCardQIF::confirm(Walk& walk, Prepared& p,
-                                                         Dictionary& record) {
+                                                         TransactionRecord& record) {
     redisplayConfirm_ = false;
     // A front end that accepts the form as filled would write exactly what the form would be
     // filled with, so neither the form nor its setup is made; a refused category still
@@ -89,12 +89,12 @@ BankingCreditCardQIF::Step BankingCreditCardQIF::confirm(Walk& walk, Prepared& p
         BankOutput out{
             p.date,
             formDescription(amountInstruction_, instruction_, changedDescription, p.description),
-            has(record, txkey::memo) ? formMemo(amountInstruction_, instruction_, p.memo) : p.memo,
+            record.has(TxField::memo) ? formMemo(amountInstruction_, instruction_, p.memo) : p.memo,
             p.amount,
             numberFor(record, walk.options),
             formCategory(record),
             clearedFor(record, walk.options),
-            splits ? &*splits : nullptr};
+            splits_ ? &*splits_ : nullptr};
         if (writeAccepted(walk, record, out))
             return Step::advanced;
     }
@@ -104,10 +104,9 @@ BankingCreditCardQIF::Step BankingCreditCardQIF::confirm(Walk& walk, Prepared& p
 }
 
 // A second OK after a refused category replaces what the first one wrote.
-bool BankingCreditCardQIF::writeAccepted(Walk& walk, const Dictionary& record,
+bool BankingCreditCardQIF::writeAccepted(Walk& walk, const TransactionRecord& record,
                                          const BankOutput& out) {
-    walk.output.resize(
-        static_cast<std::size_t>(record.at(std::string(txkey::outputLength)).toInteger()));
+    walk.output.resize(record.outputLength().value_or(0));
     walk.writer.produceBankCCOutput(walk.output, out);
     Categories categories(ctx_.prefs);
     bool accepted = true;
@@ -144,17 +143,15 @@ void BankingCreditCardQIF::addDescriptionsMet() {
 }
 
 BankingCreditCardQIF::Step BankingCreditCardQIF::confirmed(Walk& walk, Prepared& p,
-                                                           Dictionary& record, ConfirmForm& form) {
+                                                           TransactionRecord& record,
+                                                           ConfirmForm& form) {
     while (true) {
         ConfirmAction action = walk.dialogs.confirmTransaction(form);
         switch (action) {
         case ConfirmAction::ok: {
             if (form.userSplits()) {
-                setFlag(record, txkey::userSplits, true);
-                if (form.splits())
-                    record.insert_or_assign(std::string(txkey::splits), Value(*form.splits()));
-                else
-                    record.erase(std::string(txkey::splits));
+                record.setUserSplits(true);
+                record.setSplits(form.splits());
             }
             std::optional<Array> formSplits = form.splits();
             BankOutput out{form.date(),
@@ -194,7 +191,7 @@ BankingCreditCardQIF::Step BankingCreditCardQIF::confirmed(Walk& walk, Prepared&
         case ConfirmAction::addInstruction:
         case ConfirmAction::addAmountInstruction: {
             bool amountOnly = action == ConfirmAction::addAmountInstruction;
-            record.erase(std::string(txkey::userSplits));
+            record.setUserSplits(false);
             cancelReturnsToConfirm = true;
             return newInstruction(walk, p, record, std::string(text::addInstructionPrompt),
                                   p.description.value_or(""), amountOnly);
@@ -204,10 +201,10 @@ BankingCreditCardQIF::Step BankingCreditCardQIF::confirmed(Walk& walk, Prepared&
 }
 
 BankingCreditCardQIF::Step BankingCreditCardQIF::back() {
-    if (currentTransactionIndex == 0)
+    if (current_ == 0)
         return Step::rerun;
-    qif[currentTransactionIndex].erase(std::string(txkey::outputLength));
-    --currentTransactionIndex;
+    records_[current_].setOutputLength(std::nullopt);
+    --current_;
     if (numberOfTransactionsAppended > 0)
         --numberOfTransactionsAppended;
     return Step::back;
@@ -226,7 +223,7 @@ BankingCreditCardQIF::Step BankingCreditCardQIF::cancelled(Walk& walk) {
 }
 
 BankingCreditCardQIF::Step BankingCreditCardQIF::newInstruction(Walk& walk, Prepared& p,
-                                                                Dictionary& record,
+                                                                TransactionRecord& record,
                                                                 std::optional<std::string> prompt,
                                                                 std::string matched,
                                                                 bool addAmountOnly) {
@@ -236,8 +233,8 @@ BankingCreditCardQIF::Step BankingCreditCardQIF::newInstruction(Walk& walk, Prep
     setup.prompt = std::move(prompt);
     setup.addAmountOnly = addAmountOnly;
     setup.description = std::move(matched);
-    setup.category = optionalText(record, txkey::category);
-    setup.transaction = record;
+    setup.category = record.optionalText(TxField::category);
+    setup.transaction = record.toDictionary();
     setup.instruction = instruction_;
     setup.cancelReturnsToConfirm = cancelReturnsToConfirm;
     setup.runOutputNumber = walk.options.outputNumber;
@@ -273,15 +270,14 @@ BankingCreditCardQIF::Step BankingCreditCardQIF::newInstruction(Walk& walk, Prep
 
 Dictionary BankingCreditCardQIF::continuation(const std::string& output) {
     Array records;
-    records.reserve(qif.size());
-    for (std::size_t i = 0; i < qif.size(); ++i)
-        records.emplace_back(transactionAt(i));
-    return Dictionary{
-        {"qif", Value(std::move(records))},
-        {"fileAsString", Value(output)},
-        {"currentTransactionIndex", Value(static_cast<std::int64_t>(currentTransactionIndex))},
-        {"numberOfTransactionsAppended",
-         Value(static_cast<std::int64_t>(numberOfTransactionsAppended))}};
+    records.reserve(records_.size());
+    for (const TransactionRecord& record : records_)
+        records.emplace_back(record.toDictionary());
+    return Dictionary{{"qif", Value(std::move(records))},
+                      {"fileAsString", Value(output)},
+                      {"currentTransactionIndex", Value(static_cast<std::int64_t>(current_))},
+                      {"numberOfTransactionsAppended",
+                       Value(static_cast<std::int64_t>(numberOfTransactionsAppended))}};
 }
 
 } // namespace tavvel

@@ -1,6 +1,7 @@
 #include "bank/BankingCreditCardQIF.h"
 #include "bank/QifInputTypes.h"
 #include "prefs/Settings.h"
+#include "support/StoredRecords.h"
 #include "support/TestContext.h"
 
 #include <gtest/gtest.h>
@@ -39,7 +40,7 @@ TEST(AmountNormalising, EuropeanOutputReverseSignsAndOnlyOnce) {
     BankingCreditCardQIF reader(ctx);
     EXPECT_EQ(normalised(reader, "1,234.50"), "1234,50");
 
-    reader.qifInputTypeTag = qifInputTypeTag(3); // Swap and Reverse Signs
+    reader.setQifInputType(qifInputTypeTag(3)); // Swap and Reverse Signs
     Dictionary record{{"amount", Value("-1,000.00")}};
     EXPECT_EQ(reader.normalizeQIFAmountIn(record), "1000,00");
     EXPECT_EQ(reader.normalizeQIFAmountIn(record), "1000,00"); // a second call changes nothing
@@ -50,20 +51,20 @@ TEST(AmountNormalising, EuropeanOutputReverseSignsAndOnlyOnce) {
 TEST(AmountNormalising, FirstSplitWithoutAmountTakesTheTransactions) {
     Context ctx(Configuration(), Clock::system(), Places{});
     BankingCreditCardQIF reader(ctx);
-    reader.qif = {Dictionary{{"amount", Value("(63.45)")}}};
+    reader.start(test::recordsFrom({Dictionary{{"amount", Value("(63.45)")}}}));
     Array splits{
         Value(Dictionary{{"category", Value("A")}, {"memo", Value("")}, {"amount", Value("")}}),
         Value(Dictionary{{"category", Value("B")}, {"memo", Value("")}, {"amount", Value("")}}),
         Value(Dictionary{{"category", Value("C")}, {"memo", Value("m")}, {"amount", Value("2-")}})};
     reader.processSplits(&splits);
-    ASSERT_TRUE(reader.splits);
-    ASSERT_EQ(reader.splits->size(), 3u);
-    EXPECT_EQ(textOf((*reader.splits)[0].dictionary(), "amount"), "-63.45)");
-    EXPECT_EQ(textOf((*reader.splits)[1].dictionary(), "amount"), ""); // only the first
-    EXPECT_EQ(textOf((*reader.splits)[2].dictionary(), "amount"), "-2");
+    ASSERT_TRUE(reader.splits());
+    ASSERT_EQ(reader.splits()->size(), 3u);
+    EXPECT_EQ(textOf((*reader.splits())[0].dictionary(), "amount"), "-63.45)");
+    EXPECT_EQ(textOf((*reader.splits())[1].dictionary(), "amount"), ""); // only the first
+    EXPECT_EQ(textOf((*reader.splits())[2].dictionary(), "amount"), "-2");
     EXPECT_EQ(textOf(splits[0].dictionary(), "amount"), ""); // the input is not changed
     reader.processSplits(nullptr);
-    EXPECT_FALSE(reader.splits);
+    EXPECT_FALSE(reader.splits());
 }
 
 } // namespace

@@ -7,6 +7,7 @@
 #include "prefs/Files.h"
 #include "recognize/CalendarDate.h"
 #include "support/ScriptedDialogs.h"
+#include "support/StoredRecords.h"
 #include "support/TestContext.h"
 
 #include <filesystem>
@@ -124,9 +125,9 @@ TEST(FormattedTextCorpus, StatementsReadWholeAndAddUp) {
             text->insert(0, "\n");
         ASSERT_TRUE(
             reader.fromFormattedText(*text, s.format, kDistantPast, kDistantFuture, warning));
-        EXPECT_EQ(reader.qif.size(), s.count);
+        EXPECT_EQ(test::stored(reader).size(), s.count);
         double sum = 0;
-        for (const Dictionary& record : reader.qif)
+        for (const Dictionary& record : test::stored(reader))
             sum += std::stod(textOf(record, "amount"));
         EXPECT_NEAR(sum, s.sum, 0.005);
     }

@@ -5,6 +5,7 @@
 #include "prefs/Settings.h"
 #include "recognize/CalendarDate.h"
 #include "support/ScriptedDialogs.h"
+#include "support/StoredRecords.h"
 #include "support/TestContext.h"
 
 #include <gtest/gtest.h>
@@ -48,7 +49,7 @@ struct FormattedText : ::testing::Test {
             text += "05/02/2024," + row + "\n";
         EXPECT_TRUE(read(text, format));
         std::vector<std::string> out;
-        for (const Dictionary& record : reader.qif)
+        for (const Dictionary& record : test::stored(reader))
             out.push_back(textOf(record, "amount", "(none)"));
         return out;
     }
@@ -121,20 +122,20 @@ TEST_F(FormattedText, RecordTextsFromTheirColumns) {
     format.at("DateStart") = Value(",");
     ASSERT_TRUE(
         read("Ref,Date\n101,05/02/2024,SHOP,weekly,Food,-4.00\n102,05/03/2024,PAY", format));
-    ASSERT_EQ(reader.qif.size(), 2u);
-    EXPECT_EQ(reader.qif[0], (Dictionary{{"date", Value("5/2/2024")},
-                                         {"number", Value("101")},
-                                         {"description", Value("SHOP")},
-                                         {"memo", Value("weekly")},
-                                         {"category", Value("Food")},
-                                         {"amount", Value("-4.00")}}));
+    ASSERT_EQ(test::stored(reader).size(), 2u);
+    EXPECT_EQ(test::stored(reader)[0], (Dictionary{{"date", Value("5/2/2024")},
+                                                   {"number", Value("101")},
+                                                   {"description", Value("SHOP")},
+                                                   {"memo", Value("weekly")},
+                                                   {"category", Value("Food")},
+                                                   {"amount", Value("-4.00")}}));
     // Columns beyond the fields are left out; the amount is always there.
-    EXPECT_EQ(reader.qif[1], (Dictionary{{"date", Value("5/3/2024")},
-                                         {"number", Value("102")},
-                                         {"description", Value("PAY")},
-                                         {"amount", Value("0.00")}}));
-    EXPECT_EQ(reader.currentTransactionIndex, 0u);
-    EXPECT_EQ(reader.maxTransactionIndex, 2u);
+    EXPECT_EQ(test::stored(reader)[1], (Dictionary{{"date", Value("5/3/2024")},
+                                                   {"number", Value("102")},
+                                                   {"description", Value("PAY")},
+                                                   {"amount", Value("0.00")}}));
+    EXPECT_EQ(reader.currentTransactionIndex(), 0u);
+    EXPECT_EQ(reader.records().size(), 2u);
 }
 
 TEST_F(FormattedText, UnreadableTransactionsAreShownWithSkipTransaction) {
@@ -143,7 +144,7 @@ TEST_F(FormattedText, UnreadableTransactionsAreShownWithSkipTransaction) {
     dialogs.expectErrorWarning(kNoDate).expectErrorWarning(
         "The following transaction has invalid CSV format; it cannot be processed: ");
     ASSERT_TRUE(read(text, format));
-    EXPECT_EQ(reader.qif.size(), 2u);
+    EXPECT_EQ(test::stored(reader).size(), 2u);
     ASSERT_EQ(dialogs.shown().size(), 2u);
     EXPECT_EQ(dialogs.shown()[0].text, ",2");
     EXPECT_EQ(dialogs.shown()[0].buttons.at(0), "Skip Transaction");
@@ -157,7 +158,7 @@ TEST_F(FormattedText, DateColumnBeyondTheFieldsIsReportedLikeAnUnreadableTransac
     const Dictionary format = csvFormat({{"Date", Value(4)}, {"Credit", Value(1)}});
     dialogs.expectErrorWarning(kNoDate);
     ASSERT_TRUE(read("\n05/02/2024,1,2", format));
-    EXPECT_TRUE(reader.qif.empty());
+    EXPECT_TRUE(test::stored(reader).empty());
     EXPECT_EQ(dialogs.last().text, "05/02/2024,1,2");
 }
 
@@ -165,7 +166,7 @@ TEST_F(FormattedText, WarningsSilencedForTheFormatOnly) {
     Dictionary format = csvFormat({{"Credit", Value(1)}});
     dialogs.expectErrorWarning(kNoDate, true, true);
     ASSERT_TRUE(read("\n05/02/2024,3\n,1\n,2", format));
-    EXPECT_EQ(reader.qif.size(), 1u);
+    EXPECT_EQ(test::stored(reader).size(), 1u);
     EXPECT_EQ(dialogs.shown().size(), 1u); // the second is silent
     ASSERT_EQ(stored.size(), 1u);
     EXPECT_TRUE(find(stored[0], "dontWarn")->toBool());
@@ -180,25 +181,25 @@ TEST_F(FormattedText, TextTheFormatDoesNotFitLeavesTheRecordsAlone) {
     const Dictionary format = csvFormat({{"Credit", Value(1)}});
     ASSERT_TRUE(read("\n05/02/2024,1", format));
     EXPECT_FALSE(read("no date at all", format));
-    EXPECT_EQ(reader.qif.size(), 1u);
+    EXPECT_EQ(test::stored(reader).size(), 1u);
 }
 
 TEST_F(FormattedText, TextHasItsOwnConfirmAllSetting) {
     const Dictionary format = csvFormat({{"Credit", Value(1)}});
     addOption(t.ctx.prefs, option::confirmAllTransactions);
     ASSERT_TRUE(read("\n05/02/2024,1", format));
-    EXPECT_FALSE(reader.mustConfirm);
+    EXPECT_FALSE(reader.mustConfirm());
     addOption(t.ctx.prefs, option::textConfirmAllTransactions);
     ASSERT_TRUE(read("\n05/02/2024,1", format));
-    EXPECT_TRUE(reader.mustConfirm);
+    EXPECT_TRUE(reader.mustConfirm());
 }
 
 TEST_F(FormattedText, RangeLeavesTransactionsOut) {
     const Dictionary format = csvFormat({{"Credit", Value(1)}});
     ASSERT_TRUE(read("\n05/01/2024,1\n05/02/2024,2\n05/03/2024,3", format,
                      localMidnight(2024, 5, 2), localMidnight(2024, 5, 2)));
-    ASSERT_EQ(reader.qif.size(), 1u);
-    EXPECT_EQ(textOf(reader.qif[0], "amount"), "2.00");
+    ASSERT_EQ(test::stored(reader).size(), 1u);
+    EXPECT_EQ(textOf(test::stored(reader)[0], "amount"), "2.00");
 }
 
 } // namespace

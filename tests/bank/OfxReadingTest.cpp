@@ -2,8 +2,10 @@
 #include "bank/BankingCreditCardQIF.h"
 #include "bank/OfxStatements.h"
 #include "bank/OfxValues.h"
+#include "bank/StatementReaders.h"
 #include "prefs/Settings.h"
 #include "recognize/CalendarDate.h"
+#include "support/StoredRecords.h"
 #include "support/TestContext.h"
 
 #include <gtest/gtest.h>
@@ -29,16 +31,16 @@ struct OfxReading : ::testing::Test {
 
 TEST_F(OfxReading, BankStatementInSgmlForm) {
     reader.fromOFX(kBankSgml, from, to);
-    ASSERT_EQ(reader.qif.size(), 2u);
-    EXPECT_EQ(reader.maxTransactionIndex, 2u);
-    const Dictionary& first = reader.qif[0];
+    ASSERT_EQ(test::stored(reader).size(), 2u);
+    EXPECT_EQ(reader.records().size(), 2u);
+    const Dictionary first = test::stored(reader)[0];
     EXPECT_EQ(textOf(first, "date"), "1/31/2024");
     EXPECT_EQ(textOf(first, "amount"), "-12.00");
     EXPECT_EQ(textOf(first, "description"), "CORNER GROCERY  "); // trailing blanks kept
     EXPECT_EQ(textOf(first, "memo"), "weekly");
     EXPECT_EQ(textOf(first, "number"), "1041"); // no reference number: the check number
     EXPECT_FALSE(has(first, "trntype"));
-    const Dictionary& second = reader.qif[1];
+    const Dictionary second = test::stored(reader)[1];
     EXPECT_EQ(textOf(second, "number"), "R77");             // the reference number wins
     EXPECT_EQ(textOf(second, "description", "absent"), ""); // no <NAME>: empty, not an error
     EXPECT_FALSE(has(second, "memo"));
@@ -52,10 +54,11 @@ TEST_F(OfxReading, CreditCardXmlFormTakesReferenceNumbersOnly) {
                       "<REFNUM>X1</REFNUM><CHECKNUM>10</CHECKNUM></STMTTRN></CCSTMTRS>"
                       "</CREDITCARDMSGSRSV1></OFX>";
     reader.fromOFX(xml, from, to);
-    ASSERT_EQ(reader.qif.size(), 2u);
-    EXPECT_EQ(textOf(reader.qif[0], "description"), "CAF\xC9 BLEU"); // stops at the end tag
-    EXPECT_FALSE(has(reader.qif[0], "number"));
-    EXPECT_EQ(textOf(reader.qif[1], "number"), "X1");
+    ASSERT_EQ(test::stored(reader).size(), 2u);
+    EXPECT_EQ(textOf(test::stored(reader)[0], "description"),
+              "CAF\xC9 BLEU"); // stops at the end tag
+    EXPECT_FALSE(has(test::stored(reader)[0], "number"));
+    EXPECT_EQ(textOf(test::stored(reader)[1], "number"), "X1");
 }
 
 TEST_F(OfxReading, UnreadableTransactionsBecomeErrorRecordsInPlace) {
@@ -64,13 +67,13 @@ TEST_F(OfxReading, UnreadableTransactionsBecomeErrorRecordsInPlace) {
                        "<STMTTRN><DTPOSTED>20240102<NAME>no amount"
                        "<STMTTRN><DTPOSTED>20240103<TRNAMT>3.00";
     reader.fromOFX(text, from, to);
-    ASSERT_EQ(reader.qif.size(), 4u);
-    EXPECT_EQ(textOf(reader.qif[0], "errorMessage"), text::ofxNoDate);
-    EXPECT_EQ(textOf(reader.qif[0], "errorText"), "<DTPOSTED>2024-01-31<TRNAMT>1.00");
-    EXPECT_EQ(textOf(reader.qif[1], "errorMessage"), text::ofxNoDate);
-    EXPECT_EQ(textOf(reader.qif[2], "errorMessage"), text::ofxNoAmount);
-    EXPECT_EQ(reader.qif[2].size(), 2u);
-    EXPECT_EQ(textOf(reader.qif[3], "amount"), "3.00");
+    ASSERT_EQ(test::stored(reader).size(), 4u);
+    EXPECT_EQ(textOf(test::stored(reader)[0], "errorMessage"), text::ofxNoDate);
+    EXPECT_EQ(textOf(test::stored(reader)[0], "errorText"), "<DTPOSTED>2024-01-31<TRNAMT>1.00");
+    EXPECT_EQ(textOf(test::stored(reader)[1], "errorMessage"), text::ofxNoDate);
+    EXPECT_EQ(textOf(test::stored(reader)[2], "errorMessage"), text::ofxNoAmount);
+    EXPECT_EQ(test::stored(reader)[2].size(), 2u);
+    EXPECT_EQ(textOf(test::stored(reader)[3], "amount"), "3.00");
 }
 
 TEST_F(OfxReading, RangeIsInclusiveAndLeavesOutOfRangeSilently) {
@@ -78,9 +81,9 @@ TEST_F(OfxReading, RangeIsInclusiveAndLeavesOutOfRangeSilently) {
                        "<STMTTRN><DTPOSTED>20240201<TRNAMT>2"
                        "<STMTTRN><DTPOSTED>20240202"; // out of range and no amount: not reported
     reader.fromOFX(text, localMidnight(2024, 1, 31), localMidnight(2024, 2, 1));
-    ASSERT_EQ(reader.qif.size(), 2u);
+    ASSERT_EQ(test::stored(reader).size(), 2u);
     reader.fromOFX("OFXHEADER:100 no transactions at all", from, to);
-    EXPECT_TRUE(reader.qif.empty());
+    EXPECT_TRUE(test::stored(reader).empty());
 }
 
 TEST_F(OfxReading, TransactionTypesWhenAsked) {
@@ -90,23 +93,32 @@ TEST_F(OfxReading, TransactionTypesWhenAsked) {
                    "<STMTTRN><TRNTYPE>CREDIT<DTPOSTED>20240131<TRNAMT>12"
                    "<STMTTRN><DTPOSTED>20240131<TRNAMT>7",
                    from, to);
-    ASSERT_EQ(reader.qif.size(), 3u);
-    EXPECT_EQ(textOf(reader.qif[0], "amount"), "--12"); // signed as a debit whatever its sign
-    EXPECT_EQ(textOf(reader.qif[0], "trntype"), "DEBIT");
-    EXPECT_EQ(textOf(reader.qif[1], "amount"), "12");
-    EXPECT_EQ(textOf(reader.qif[2], "errorMessage"), text::ofxNoType);
-    EXPECT_TRUE(reader.mustConfirm);
+    ASSERT_EQ(test::stored(reader).size(), 3u);
+    EXPECT_EQ(textOf(test::stored(reader)[0], "amount"),
+              "--12"); // signed as a debit whatever its sign
+    EXPECT_EQ(textOf(test::stored(reader)[0], "trntype"), "DEBIT");
+    EXPECT_EQ(textOf(test::stored(reader)[1], "amount"), "12");
+    EXPECT_EQ(textOf(test::stored(reader)[2], "errorMessage"), text::ofxNoType);
+    EXPECT_TRUE(reader.mustConfirm());
 }
 
 TEST_F(OfxReading, AddFieldFindsEmptyValuesAndStopsAtLineEnds) {
-    Dictionary record;
-    EXPECT_TRUE(BankingCreditCardQIF::addField("memo", "<MEMO>", "<MEMO>\r\n<NAME>x", record));
-    EXPECT_EQ(textOf(record, "memo", "absent"), "");
-    EXPECT_TRUE(BankingCreditCardQIF::addField("memo", "<MEMO>", "<MEMO>  a b\nc", record));
-    EXPECT_EQ(textOf(record, "memo"), "a b");
-    EXPECT_FALSE(BankingCreditCardQIF::addField("name", "<NAME>", "<name>lower", record));
-    EXPECT_FALSE(has(record, "name"));
-    EXPECT_TRUE(BankingCreditCardQIF::addField("memo", "<MEMO>", "<MEMO>", record));
+    TransactionRecord record;
+    EXPECT_TRUE(addOfxField(TxField::memo, "<MEMO>", "<MEMO>\r\n<NAME>x", record));
+    EXPECT_TRUE(record.has(TxField::memo));
+    EXPECT_EQ(record.text(TxField::memo), "");
+    EXPECT_TRUE(addOfxField(TxField::memo, "<MEMO>", "<MEMO>  a b\nc", record));
+    EXPECT_EQ(record.text(TxField::memo), "a b");
+    EXPECT_FALSE(addOfxField(TxField::description, "<NAME>", "<name>lower", record));
+    EXPECT_FALSE(record.has(TxField::description));
+    EXPECT_TRUE(addOfxField(TxField::memo, "<MEMO>", "<MEMO>", record));
+    // Entities are decoded into the record's own text; plain values are not copied.
+    EXPECT_TRUE(addOfxField(TxField::memo, "<MEMO>", "<MEMO>A &amp; B", record));
+    const std::string name = "<NAME>PLAIN";
+    EXPECT_TRUE(addOfxField(TxField::description, "<NAME>", name, record));
+    TransactionRecord moved = std::move(record);
+    EXPECT_EQ(moved.text(TxField::memo), "A & B");
+    EXPECT_EQ(moved.text(TxField::description).data(), name.data() + 6);
 }
 
 TEST_F(OfxReading, EachStatementNumbersByItsOwnKind) {
@@ -117,12 +129,12 @@ TEST_F(OfxReading, EachStatementNumbersByItsOwnKind) {
                        "<STMTTRN><DTPOSTED>20240107<TRNAMT>-3<CHECKNUM>10</STMTTRN></CCSTMTRS>"
                        "<STMTRS><ACCTID>1001<STMTTRN><DTPOSTED>20240108<TRNAMT>-4";
     reader.fromOFX(text, from, to);
-    ASSERT_EQ(reader.qif.size(), 4u);
-    EXPECT_EQ(textOf(reader.qif[0], "number"), "301");
-    EXPECT_EQ(textOf(reader.qif[1], "number"), "R2");
-    EXPECT_FALSE(has(reader.qif[2], "number"));
+    ASSERT_EQ(test::stored(reader).size(), 4u);
+    EXPECT_EQ(textOf(test::stored(reader)[0], "number"), "301");
+    EXPECT_EQ(textOf(test::stored(reader)[1], "number"), "R2");
+    EXPECT_FALSE(has(test::stored(reader)[2], "number"));
     // The file stops inside its last transaction.
-    EXPECT_EQ(textOf(reader.qif[3], "errorMessage"), text::ofxCutOff);
+    EXPECT_EQ(textOf(test::stored(reader)[3], "errorMessage"), text::ofxCutOff);
     EXPECT_EQ(ofxAccounts(ofxStatements(text)), (std::vector<std::string>{"1001", "4111"}));
 }
 
@@ -156,10 +168,9 @@ TEST(OfxValues, EntitiesByTheStatementsEncoding) {
     EXPECT_TRUE(ofxDeclaresUtf8("<?xml version=\"1.0\"?><OFX>"));
     EXPECT_FALSE(ofxDeclaresUtf8("<?xml version=\"1.0\" encoding=\"windows-1252\"?>"));
     EXPECT_FALSE(ofxDeclaresUtf8("OFXHEADER:100\r\nENCODING:USASCII\r\nCHARSET:1252"));
-    Dictionary record;
-    EXPECT_TRUE(
-        BankingCreditCardQIF::addField("name", "<NAME>", "<NAME> <![CDATA[a<b&amp;]]>", record));
-    EXPECT_EQ(textOf(record, "name"), "a<b&amp;");
+    TransactionRecord record;
+    EXPECT_TRUE(addOfxField(TxField::description, "<NAME>", "<NAME> <![CDATA[a<b&amp;]]>", record));
+    EXPECT_EQ(record.text(TxField::description), "a<b&amp;");
 }
 
 } // namespace

@@ -6,6 +6,7 @@
 #include "prefs/Settings.h"
 #include "recognize/CalendarDate.h"
 #include "support/ScriptedDialogs.h"
+#include "support/StoredRecords.h"
 #include "support/TestContext.h"
 
 #include <gtest/gtest.h>
@@ -29,11 +30,7 @@ struct TransactionWalk : ::testing::Test {
         t.ctx.prefs.setObject(prefkey::Categories, Value(Array{}));
         addOption(t.ctx.prefs, option::dontAddCategories);
     }
-    void records(std::vector<Dictionary> list) {
-        reader.qif = std::move(list);
-        reader.currentTransactionIndex = 0;
-        reader.maxTransactionIndex = reader.qif.size();
-    }
+    void records(const std::vector<Dictionary>& list) { reader.start(test::recordsFrom(list)); }
     WalkResult walk() {
         return reader.processInstructionsAndAppendToString(out, writer, warning, dialogs,
                                                            instructions, options);
@@ -86,7 +83,7 @@ TEST_F(TransactionWalk, DescriptionsMemosAndCapitals) {
     walk();
     // An empty memo is not swapped in; the other record's texts trade places.
     EXPECT_EQ(out, "D1/2/2024\nPJoe's Cafe-Bar 3rd\nT1\n^\nD1/2/2024\nPM\nMD\nT1\n^\n");
-    EXPECT_EQ(reader.qif[0].at("AlreadySwapped"), Value(true));
+    EXPECT_EQ(test::stored(reader)[0].at("AlreadySwapped"), Value(true));
 }
 
 TEST_F(TransactionWalk, ErrorRecordsAreSkippedOrStopTheWalk) {
@@ -107,10 +104,10 @@ TEST_F(TransactionWalk, RevisitedTransactionReplacesItsEarlierOutput) {
              tx({{"date", "1/3/2024"}, {"description", "B"}, {"amount", "2"}})});
     walk();
     std::string first = out;
-    reader.currentTransactionIndex = 1; // as Back does
+    reader.rewindTo(1); // as Back does
     walk();
     EXPECT_EQ(out, first);
-    EXPECT_EQ(reader.qif[1].at("outputLength"), Value(std::int64_t{18}));
+    EXPECT_EQ(test::stored(reader)[1].at("outputLength"), Value(std::int64_t{18}));
 }
 
 } // namespace

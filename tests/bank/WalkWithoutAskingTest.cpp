@@ -10,6 +10,7 @@
 #include "prefs/Settings.h"
 #include "recognize/CalendarDate.h"
 #include "support/ScriptedDialogs.h"
+#include "support/StoredRecords.h"
 #include "support/TestContext.h"
 
 #include <gtest/gtest.h>
@@ -51,8 +52,7 @@ struct TextRun {
         addOption(t.ctx.prefs, option::dontAddCategories);
         addOption(t.ctx.prefs, option::textConfirmAllTransactions);
     }
-    WalkResult walk(bool onDemand, const std::string& text = kStatement) {
-        reader.recordsOnDemand = onDemand;
+    WalkResult walk(const std::string& text = kStatement) {
         EXPECT_TRUE(
             reader.fromFormattedText(text, format(), kDistantPast, kDistantFuture, warning));
         return reader.processInstructionsAndAppendToString(out, writer, warning, *dialogs,
@@ -81,8 +81,8 @@ TEST(WalkWithoutAsking, WritesAndLearnsWhatOkOnEachFormWould) {
     forms.dialogs->expectConfirm(ok).expectConfirm(ok).expectConfirm(ok);
     TextRun accepting(std::make_unique<AcceptingDialogs>());
 
-    EXPECT_EQ(forms.walk(false).appended, 3u);
-    EXPECT_EQ(accepting.walk(true).appended, 3u);
+    EXPECT_EQ(forms.walk().appended, 3u);
+    EXPECT_EQ(accepting.walk().appended, 3u);
 
     EXPECT_EQ(accepting.out, "D1/2/2024\nPACME\nMlunch\nT-5.00\nN7\nLFood\n^\n"
                              "D1/3/2024\nPBEAN CAFE\nT2.50\nLDrinks\n^\n"
@@ -92,9 +92,8 @@ TEST(WalkWithoutAsking, WritesAndLearnsWhatOkOnEachFormWould) {
     EXPECT_EQ(accepting.learned(false), forms.learned(false));
     EXPECT_EQ(accepting.learned(false), (Array{Value("ACME"), Value("BEAN CAFE"), Value("KIOSK")}));
     EXPECT_TRUE(accepting.dialogs->shown().empty());
-    // Nothing can lead back to a walked record there, so none is kept; the forms keep theirs.
-    EXPECT_TRUE(accepting.reader.qif[0].empty());
-    EXPECT_TRUE(forms.reader.qif[0].contains("outputLength"));
+    // Back takes a walked transaction's output away from where it began.
+    EXPECT_TRUE(test::stored(forms.reader)[0].contains("outputLength"));
 }
 
 TEST(WalkWithoutAsking, RefusedCategoryStillShowsTheFormAndOnlyItsAnswerIsWritten) {
@@ -105,7 +104,7 @@ TEST(WalkWithoutAsking, RefusedCategoryStillShowsTheFormAndOnlyItsAnswerIsWritte
             form.setCategory("Food");
             return ConfirmAction::ok;
         });
-    accepting.walk(true, "Date\n01/02/2024,,SHOP,,[Nowhere],-3.00\n");
+    accepting.walk("Date\n01/02/2024,,SHOP,,[Nowhere],-3.00\n");
     EXPECT_EQ(accepting.out, "D1/2/2024\nPSHOP\nT-3.00\nLFood\n^\n");
     EXPECT_TRUE(accepting.dialogs->done());
 }
@@ -123,28 +122,23 @@ TEST(WalkWithoutAsking, RefusedCategoryWithNobodyToCorrectItStopsTheRun) {
     addOption(batch.t.ctx.prefs, option::justFinishLater);
     for (int twiceForEachOk = 0; twiceForEachOk < 4; ++twiceForEachOk)
         batch.dialogs->expectAlert("Bad Category \"[Nowhere]\"");
-    WalkResult result = batch.walk(true, "Date\n01/02/2024,,SHOP,,[Nowhere],-3.00\n"
-                                         "01/03/2024,,CAFE,,Food,-1.00\n");
+    WalkResult result = batch.walk("Date\n01/02/2024,,SHOP,,[Nowhere],-3.00\n"
+                                   "01/03/2024,,CAFE,,Food,-1.00\n");
     EXPECT_EQ(result.appended, 0u);
     EXPECT_FALSE(result.continuation);
     EXPECT_TRUE(batch.dialogs->done());
 }
 
-TEST(WalkWithoutAsking, RecordsMadeOnDemandAreAllHandedOverWhenTheWalkIsLeftForLater) {
+TEST(WalkWithoutAsking, EveryRecordIsHandedOverWhenTheWalkIsLeftForLater) {
     auto leaveAtSecond = [](test::ScriptedDialogs& dialogs) {
         dialogs.expectConfirm(ok)
             .expectConfirm([](ConfirmForm&) { return ConfirmAction::cancel; })
             .expectCancelQuestion(CancelChoice::finishLater);
     };
-    TextRun eager(std::make_unique<test::ScriptedDialogs>());
-    TextRun onDemand(std::make_unique<test::ScriptedDialogs>());
-    leaveAtSecond(*eager.dialogs);
-    leaveAtSecond(*onDemand.dialogs);
-
-    WalkResult kept = eager.walk(false);
-    WalkResult made = onDemand.walk(true);
-    ASSERT_TRUE(kept.continuation && made.continuation);
-    EXPECT_EQ(*made.continuation, *kept.continuation);
+    TextRun run(std::make_unique<test::ScriptedDialogs>());
+    leaveAtSecond(*run.dialogs);
+    WalkResult made = run.walk();
+    ASSERT_TRUE(made.continuation);
     const Array& records = made.continuation->at("qif").array();
     ASSERT_EQ(records.size(), 3u);
     EXPECT_EQ(textOf(records[2].dictionary(), "description"), "KIOSK"); // never reached

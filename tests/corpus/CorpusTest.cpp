@@ -13,6 +13,7 @@
 #include "prefs/Settings.h"
 #include "recognize/CalendarDate.h"
 #include "recognize/FindLines.h"
+#include "support/StoredRecords.h"
 #include "support/TestContext.h"
 
 #include <chrono>
@@ -170,9 +171,9 @@ TEST(Corpus, BankAndCardStatementsGiveOneRecordPerTransaction) {
         BankingCreditCardQIF reader(t.ctx);
         reader.fromOFX(text, kDistantPast, kDistantFuture);
         std::vector<std::string> pieces = transactionPieces(text);
-        ASSERT_EQ(reader.qif.size(), pieces.size());
+        ASSERT_EQ(test::stored(reader).size(), pieces.size());
         for (std::size_t i = 0; i < pieces.size(); ++i)
-            expectRecordAgrees(reader.qif[i], pieces[i]);
+            expectRecordAgrees(test::stored(reader)[i], pieces[i]);
     }
     EXPECT_GT(statements, 0u) << "the corpus holds no bank or card statement";
 }

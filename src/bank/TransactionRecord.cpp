@@ -1,0 +1,117 @@
+#include "bank/TransactionRecord.h"
+
+#include "formats/TransactionKeys.h"
+
+namespace tavvel {
+
+namespace {
+
+constexpr std::array<std::string_view, kTxFieldCount> kFieldKeys = {
+    txkey::date,    txkey::number, txkey::description, txkey::memo,         txkey::category,
+    txkey::cleared, txkey::amount, txkey::trntype,     txkey::errorMessage, txkey::errorText};
+
+bool isFieldOrMark(const std::string& key) {
+    for (std::string_view k : kFieldKeys)
+        if (key == k)
+            return true;
+    return key == txkey::splits || key == txkey::outputLength || key == txkey::AlreadySwapped ||
+           key == txkey::amountAlreadyConverted || key == txkey::userSplits;
+}
+
+} // namespace
+
+TransactionRecord TransactionRecord::error(std::string_view message, std::string_view text) {
+    TransactionRecord record;
+    record.point(TxField::errorMessage, message);
+    record.point(TxField::errorText, text);
+    return record;
+}
+
+std::optional<std::string> TransactionRecord::optionalText(TxField f) const {
+    if (!has(f))
+        return std::nullopt;
+    return std::string(text(f));
+}
+
+void TransactionRecord::point(TxField f, std::string_view text) {
+    views_[index(f)] = text;
+    present_ = static_cast<std::uint16_t>(present_ | bit(f));
+}
+
+void TransactionRecord::set(TxField f, std::string_view text) {
+    owned_.emplace_front(text);
+    point(f, owned_.front());
+}
+
+void TransactionRecord::erase(TxField f) {
+    views_[index(f)] = {};
+    present_ = static_cast<std::uint16_t>(present_ & ~bit(f));
+}
+
+void TransactionRecord::setUserSplits(bool on) {
+    if (on)
+        userSplits_ = Value("Y");
+    else
+        userSplits_.reset();
+}
+
+TransactionRecord TransactionRecord::copy() const {
+    TransactionRecord c;
+    for (std::size_t i = 0; i < kTxFieldCount; ++i)
+        if (has(static_cast<TxField>(i)))
+            c.set(static_cast<TxField>(i), views_[i]);
+    c.alreadySwapped_ = alreadySwapped_;
+    c.amountConverted_ = amountConverted_;
+    c.userSplits_ = userSplits_;
+    c.outputLength_ = outputLength_;
+    c.splits_ = splits_;
+    if (otherKeys_)
+        c.otherKeys_ = std::make_unique<Dictionary>(*otherKeys_);
+    return c;
+}
+
+Dictionary TransactionRecord::toDictionary() const {
+    Dictionary stored = otherKeys_ ? *otherKeys_ : Dictionary{};
+    for (std::size_t i = 0; i < kTxFieldCount; ++i)
+        if (has(static_cast<TxField>(i)))
+            stored.insert_or_assign(std::string(kFieldKeys[i]), Value(std::string(views_[i])));
+    if (splits_)
+        stored.insert_or_assign(std::string(txkey::splits), Value(*splits_));
+    if (outputLength_)
+        stored.insert_or_assign(std::string(txkey::outputLength),
+                                Value(static_cast<std::int64_t>(*outputLength_)));
+    if (alreadySwapped_)
+        stored.insert_or_assign(std::string(txkey::AlreadySwapped), Value(*alreadySwapped_));
+    if (amountConverted_)
+        stored.insert_or_assign(std::string(txkey::amountAlreadyConverted),
+                                Value(*amountConverted_));
+    if (userSplits_)
+        stored.insert_or_assign(std::string(txkey::userSplits), *userSplits_);
+    return stored;
+}
+
+TransactionRecord TransactionRecord::fromDictionary(const Dictionary& stored) {
+    TransactionRecord record;
+    for (std::size_t i = 0; i < kTxFieldCount; ++i)
+        if (tavvel::has(stored, kFieldKeys[i]))
+            record.set(static_cast<TxField>(i), textViewOf(stored, kFieldKeys[i]));
+    if (const Value* splits = find(stored, txkey::splits); splits && splits->isArray())
+        record.splits_ = splits->array();
+    if (const Value* length = find(stored, txkey::outputLength))
+        record.outputLength_ = static_cast<std::size_t>(length->toInteger());
+    if (const Value* swapped = find(stored, txkey::AlreadySwapped))
+        record.alreadySwapped_ = swapped->toBool();
+    if (const Value* converted = find(stored, txkey::amountAlreadyConverted))
+        record.amountConverted_ = converted->toBool();
+    if (const Value* user = find(stored, txkey::userSplits))
+        record.userSplits_ = *user;
+    for (const auto& [key, value] : stored)
+        if (!isFieldOrMark(key)) {
+            if (!record.otherKeys_)
+                record.otherKeys_ = std::make_unique<Dictionary>();
+            record.otherKeys_->emplace(key, value);
+        }
+    return record;
+}
+
+} // namespace tavvel
