@@ -275,7 +275,7 @@ RunEnd Controller::actuallyProcessTheTransactions() {
     if (writer_.QIFOutput())
         outputFileAsString_ = qifHeader(appendOption, gType_, form_.accountText,
                                         Accounts(ctx_.prefs).typeForAccount(form_.accountText));
-    writer_.account = account_.value_or("");
+    writer_.setAccount(account_.value_or(""));
     DateRange all{kDistantPast, kDistantFuture};
     if (!readTransactions(range.value_or(all).from, range.value_or(all).to))
         return RunEnd::stopped;
@@ -292,7 +292,7 @@ RunEnd Controller::actuallyProcessTheTransactions() {
 // A resumed run was set up, headed and read before it stopped: the walk goes on from the
 // stored record, whose output so far already holds the header and the accepted transactions.
 RunEnd Controller::resume() {
-    writer_.account = account_.value_or("");
+    writer_.setAccount(account_.value_or(""));
     reader_.setQifInputType(inputTypeTag());
     WalkResult result = reader_.continueWith(*continuationData_, outputFileAsString_, writer_,
                                              warning_, dialogs_, instructions_, walkOptions());

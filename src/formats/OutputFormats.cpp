@@ -243,7 +243,7 @@ void OutputFormats::writeDelimited(std::string& output, const BankOutput& t,
         else if (n == "Category")
             field(t.category.value_or(""));
         else if (n == "Account")
-            field(account);
+            field(account_);
         else if (n == "Splits" && allSplits)
             writeSplitFields(t.splits, field);
         else
@@ -270,7 +270,7 @@ void OutputFormats::produceInvestmentOutput(std::string& output, const Investmen
         else if (item.name == "Debit")
             value = debit(t.amount);
         else if (item.name == "Account")
-            value = account;
+            value = account_;
         for (auto [name, field] : plain)
             if (item.name == name)
                 value = field->value_or("");

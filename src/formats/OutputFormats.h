@@ -42,7 +42,8 @@ public:
     // The layout the run writes; also the account named in "Account" columns.
     void chooseFormat(std::string_view name);
     const std::string& chosenFormatName() const { return chosenName_; }
-    std::string account;
+    // The account written in "Account" columns.
+    void setAccount(std::string account) { account_ = std::move(account); }
 
     // QIFOutput
     bool QIFOutput() const { return chosenName_ == "QIF"; }
@@ -70,6 +71,7 @@ private:
     Context& ctx_;
     Dialogs& dialogs_;
     std::string chosenName_ = "QIF";
+    std::string account_;
     std::optional<Dictionary> chosen_;    // the chosen delimited layout
     std::optional<std::string> reformat_; // its reformat pattern (ICU), when it has one
 };

@@ -86,7 +86,7 @@ TEST_F(OutputWriter, DelimitedQuotingPositionsAndSplits) {
                {"Present", Value(flags({false, true, true, true, true, true, true}))},
                {"SplitsOutput", Value(2)}});
     writer.chooseFormat("Sheet");
-    writer.account = "Checking";
+    writer.setAccount("Checking");
     EXPECT_FALSE(writer.QIFOutput());
     Array splits{Value(Dictionary{
         {"category", Value("A,B")}, {"memo", Value("say \"hi\"")}, {"amount", Value("-1")}})};
