@@ -34,7 +34,8 @@ std::int64_t leadingNumber(std::string_view text) {
 std::int64_t monthOfWord(std::string_view text, const Configuration& config) {
     const Array& words = config.array(config::TvLongMonths);
     for (std::size_t i = 0; i < words.size(); ++i)
-        if (words[i].isString() && !words[i].text().empty() && text.starts_with(words[i].text()))
+        if (const std::string* word = words[i].get<std::string>();
+            word && !word->empty() && text.starts_with(*word))
             return static_cast<std::int64_t>(i % 12) + 1;
     return 0;
 }

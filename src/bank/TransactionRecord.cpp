@@ -48,11 +48,27 @@ void TransactionRecord::erase(TxField f) {
     present_ = static_cast<std::uint16_t>(present_ & ~bit(f));
 }
 
+TransactionRecord::Rare& TransactionRecord::rare() {
+    if (!rare_)
+        rare_ = std::make_unique<Rare>();
+    return *rare_;
+}
+
+const std::optional<Array>& TransactionRecord::splits() const {
+    static const std::optional<Array> none;
+    return rare_ ? rare_->splits : none;
+}
+
+void TransactionRecord::setSplits(std::optional<Array> splits) {
+    if (splits || rare_)
+        rare().splits = std::move(splits);
+}
+
 void TransactionRecord::setUserSplits(bool on) {
     if (on)
-        userSplits_ = Value("Y");
-    else
-        userSplits_.reset();
+        rare().userSplits = Value("Y");
+    else if (rare_)
+        rare_->userSplits.reset();
 }
 
 TransactionRecord TransactionRecord::copy() const {
@@ -62,21 +78,19 @@ TransactionRecord TransactionRecord::copy() const {
             c.set(static_cast<TxField>(i), views_[i]);
     c.alreadySwapped_ = alreadySwapped_;
     c.amountConverted_ = amountConverted_;
-    c.userSplits_ = userSplits_;
     c.outputLength_ = outputLength_;
-    c.splits_ = splits_;
-    if (otherKeys_)
-        c.otherKeys_ = std::make_unique<Dictionary>(*otherKeys_);
+    if (rare_)
+        c.rare_ = std::make_unique<Rare>(*rare_);
     return c;
 }
 
 Dictionary TransactionRecord::toDictionary() const {
-    Dictionary stored = otherKeys_ ? *otherKeys_ : Dictionary{};
+    Dictionary stored = rare_ ? rare_->otherKeys : Dictionary{};
     for (std::size_t i = 0; i < kTxFieldCount; ++i)
         if (has(static_cast<TxField>(i)))
             stored.insert_or_assign(std::string(kFieldKeys[i]), Value(std::string(views_[i])));
-    if (splits_)
-        stored.insert_or_assign(std::string(txkey::splits), Value(*splits_));
+    if (rare_ && rare_->splits)
+        stored.insert_or_assign(std::string(txkey::splits), Value(*rare_->splits));
     if (outputLength_)
         stored.insert_or_assign(std::string(txkey::outputLength),
                                 Value(static_cast<std::int64_t>(*outputLength_)));
@@ -85,8 +99,8 @@ Dictionary TransactionRecord::toDictionary() const {
     if (amountConverted_)
         stored.insert_or_assign(std::string(txkey::amountAlreadyConverted),
                                 Value(*amountConverted_));
-    if (userSplits_)
-        stored.insert_or_assign(std::string(txkey::userSplits), *userSplits_);
+    if (rare_ && rare_->userSplits)
+        stored.insert_or_assign(std::string(txkey::userSplits), *rare_->userSplits);
     return stored;
 }
 
@@ -96,7 +110,7 @@ TransactionRecord TransactionRecord::fromDictionary(const Dictionary& stored) {
         if (tavvel::has(stored, kFieldKeys[i]))
             record.set(static_cast<TxField>(i), textViewOf(stored, kFieldKeys[i]));
     if (const Value* splits = find(stored, txkey::splits); splits && splits->isArray())
-        record.splits_ = splits->array();
+        record.rare().splits = splits->array();
     if (const Value* length = find(stored, txkey::outputLength))
         record.outputLength_ = static_cast<std::size_t>(length->toInteger());
     if (const Value* swapped = find(stored, txkey::AlreadySwapped))
@@ -104,13 +118,10 @@ TransactionRecord TransactionRecord::fromDictionary(const Dictionary& stored) {
     if (const Value* converted = find(stored, txkey::amountAlreadyConverted))
         record.amountConverted_ = converted->toBool();
     if (const Value* user = find(stored, txkey::userSplits))
-        record.userSplits_ = *user;
+        record.rare().userSplits = *user;
     for (const auto& [key, value] : stored)
-        if (!isFieldOrMark(key)) {
-            if (!record.otherKeys_)
-                record.otherKeys_ = std::make_unique<Dictionary>();
-            record.otherKeys_->emplace(key, value);
-        }
+        if (!isFieldOrMark(key))
+            record.rare().otherKeys.emplace(key, value);
     return record;
 }
 

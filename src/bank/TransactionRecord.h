@@ -58,8 +58,8 @@ public:
 
     bool isError() const { return has(TxField::errorMessage); }
 
-    const std::optional<Array>& splits() const { return splits_; }
-    void setSplits(std::optional<Array> splits) { splits_ = std::move(splits); }
+    const std::optional<Array>& splits() const;
+    void setSplits(std::optional<Array> splits);
 
     // The walk's marks: where the transaction's output began (so Back can take it away), and
     // the changes that must not be made twice when the walk comes back to it.
@@ -69,7 +69,7 @@ public:
     void markSwapped() { alreadySwapped_ = true; }
     bool amountConverted() const { return amountConverted_.value_or(false); }
     void markAmountConverted() { amountConverted_ = true; }
-    bool userSplits() const { return userSplits_.has_value(); }
+    bool userSplits() const { return rare_ && rare_->userSplits; }
     void setUserSplits(bool on);
 
     // The stored form, and back. Keys the record has no field for are kept as they were.
@@ -88,13 +88,18 @@ private:
     // as it was.
     std::optional<bool> alreadySwapped_;
     std::optional<bool> amountConverted_;
-    std::optional<Value> userSplits_;
     std::optional<std::size_t> outputLength_;
-    std::optional<Array> splits_;
     // Texts the record keeps itself; a list, so a view into one stays put when more are added.
     std::forward_list<std::string> owned_;
-    // Keys of a stored record that no field holds; rare, so out of line.
-    std::unique_ptr<Dictionary> otherKeys_;
+    // What few records hold, out of line to keep every record small: splits, the mark of
+    // splits the user chose, and keys of a stored record that no field holds.
+    struct Rare {
+        std::optional<Array> splits;
+        std::optional<Value> userSplits;
+        Dictionary otherKeys;
+    };
+    std::unique_ptr<Rare> rare_;
+    Rare& rare();
 };
 
 } // namespace tavvel
