@@ -234,9 +234,10 @@ Intake Controller::classifyOFX() {
 Intake Controller::classifyLines() {
     lines_ = findLineViews(fileAsString_, linesWithoutCR_);
     Intake intake = classifyLineViews();
-    // The views may point into text that has changed since.
+    // The views may point into text that has changed since; a QIF register's lines are kept.
     std::vector<std::string_view>().swap(lines_);
-    std::string().swap(linesWithoutCR_);
+    if (fileAsLines_.empty())
+        std::string().swap(linesWithoutCR_);
     return intake;
 }
 
@@ -382,7 +383,7 @@ Intake Controller::classifyUndecided() {
     gType_ = kTypeBankOrCreditCard;
     form_.qifType = 0;
     form_.setInput({false, "Bank or Credit Card", accountKindFor(gType_), account_}, gType_);
-    std::vector<std::string>().swap(fileAsLines_);
+    std::vector<std::string_view>().swap(fileAsLines_);
     skippedLines_ = 0;
     controlHelpAnchor_ = "QIF";
     return endClassification();

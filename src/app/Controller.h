@@ -153,7 +153,8 @@ private:
     Dialogs& dialogs_;
     // The run's input and what classification found in it.
     std::string fileAsString_;
-    std::vector<std::string> fileAsLines_;
+    // The register's lines, pointing into fileAsString_ or linesWithoutCR_.
+    std::vector<std::string_view> fileAsLines_;
     std::size_t skippedLines_ = 0;
     std::string source_;
     std::string inputFrom_;

@@ -67,7 +67,7 @@ std::string fileNameDate(std::string date) {
 Intake Controller::extract() {
     doingExtract_ = true;
     // Text is read from fileAsString alone; its lines would only hold memory through the run.
-    std::vector<std::string>().swap(fileAsLines_);
+    std::vector<std::string_view>().swap(fileAsLines_);
     controlHelpAnchor_ = "Text";
     if (optionOn(ctx_.prefs, option::append) && !checkAccountsForAppend())
         return Intake::refused;

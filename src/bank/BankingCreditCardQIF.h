@@ -10,6 +10,7 @@
 
 #include <cstddef>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <unordered_set>
@@ -61,6 +62,7 @@ public:
     // whose date could not be read, or is no real day (records read before it are kept).
     // The dates are read day first when setDayFirstDates says so; unset, in the order the
     // file shows, else as the option europeanDates says.
+    std::size_t fromQIFLines(std::span<const std::string_view> lines, Date fromDate, Date toDate);
     std::size_t fromQIFLines(const std::vector<std::string>& lines, Date fromDate, Date toDate);
 
     // fromOFX:fromDate:toDate: — reads every <STMTTRN> piece; unreadable transactions become

@@ -35,7 +35,8 @@ std::int64_t monthOfWord(std::string_view text, const Configuration& config) {
     const Array& words = config.array(config::TvLongMonths);
     for (std::size_t i = 0; i < words.size(); ++i)
         if (const std::string* word = words[i].get<std::string>();
-            word && !word->empty() && text.starts_with(*word))
+            word && !word->empty() && !text.empty() && text.front() == word->front() &&
+            text.starts_with(*word))
             return static_cast<std::int64_t>(i % 12) + 1;
     return 0;
 }
@@ -79,13 +80,13 @@ std::optional<bool> QifDateEvidence::shownDayFirst() const {
     return dayFirst;
 }
 
-QifDateEvidence qifDateEvidence(const std::vector<std::string>& lines, const Configuration& config,
+QifDateEvidence qifDateEvidence(std::span<const std::string_view> lines, const Configuration& config,
                                 const Clock& clock) {
     QifDateEvidence evidence;
-    for (const std::string& line : lines) {
+    for (std::string_view line : lines) {
         if (line.empty() || line.front() != 'D')
             continue;
-        auto pair = writtenPair(std::string_view(line).substr(1), config, clock);
+        auto pair = writtenPair(line.substr(1), config, clock);
         if (!pair)
             continue;
         auto [first, second] = *pair;
@@ -97,7 +98,7 @@ QifDateEvidence qifDateEvidence(const std::vector<std::string>& lines, const Con
     return evidence;
 }
 
-bool chooseQifDateOrder(const std::vector<std::string>& lines, Context& ctx, Dialogs& dialogs,
+bool chooseQifDateOrder(std::span<const std::string_view> lines, Context& ctx, Dialogs& dialogs,
                         std::string_view source) {
     QifDateEvidence evidence = qifDateEvidence(lines, ctx.config, ctx.clock);
     if (auto shown = evidence.shownDayFirst())

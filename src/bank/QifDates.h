@@ -10,6 +10,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -38,7 +39,7 @@ struct QifDateEvidence {
     std::optional<bool> shownDayFirst() const;
 };
 
-QifDateEvidence qifDateEvidence(const std::vector<std::string>& lines, const Configuration& config,
+QifDateEvidence qifDateEvidence(std::span<const std::string_view> lines, const Configuration& config,
                                 const Clock& clock);
 
 // Whether the run reads the file's dates day first: the order the file shows; otherwise the
@@ -46,7 +47,7 @@ QifDateEvidence qifDateEvidence(const std::vector<std::string>& lines, const Con
 // writes dates day first and with the option off, is asked about once (day first offered
 // first; under --batch that first answer is taken and shown). `source` names the input
 // ("File \"x.qif\"").
-bool chooseQifDateOrder(const std::vector<std::string>& lines, Context& ctx, Dialogs& dialogs,
+bool chooseQifDateOrder(std::span<const std::string_view> lines, Context& ctx, Dialogs& dialogs,
                         std::string_view source);
 
 } // namespace tavvel

@@ -151,7 +151,7 @@ void collectLine(std::string_view line, RegisterWalk& walk,
 
 } // namespace
 
-QifRegisterRead readQifRegister(const std::vector<std::string>& lines, Date fromDate, Date toDate,
+QifRegisterRead readQifRegister(std::span<const std::string_view> lines, Date fromDate, Date toDate,
                                 std::optional<bool> dayFirst, const Context& ctx) {
     QifRegisterRead read;
     RegisterWalk walk;
@@ -185,11 +185,16 @@ QifRegisterRead readQifRegister(const std::vector<std::string>& lines, Date from
     return read;
 }
 
-std::size_t BankingCreditCardQIF::fromQIFLines(const std::vector<std::string>& lines, Date fromDate,
-                                               Date toDate) {
+std::size_t BankingCreditCardQIF::fromQIFLines(std::span<const std::string_view> lines,
+                                               Date fromDate, Date toDate) {
     QifRegisterRead read = readQifRegister(lines, fromDate, toDate, dayFirstDates_, ctx_);
     start(std::move(read.records));
     return read.badLine;
+}
+
+std::size_t BankingCreditCardQIF::fromQIFLines(const std::vector<std::string>& lines, Date fromDate,
+                                               Date toDate) {
+    return fromQIFLines(std::vector<std::string_view>(lines.begin(), lines.end()), fromDate, toDate);
 }
 
 } // namespace tavvel

@@ -7,6 +7,7 @@
 
 #include <cstddef>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -23,7 +24,7 @@ struct QifRegisterRead {
     std::vector<TransactionRecord> records;
     std::size_t badLine = 0;
 };
-QifRegisterRead readQifRegister(const std::vector<std::string>& lines, Date fromDate, Date toDate,
+QifRegisterRead readQifRegister(std::span<const std::string_view> lines, Date fromDate, Date toDate,
                                 std::optional<bool> dayFirst, const Context& ctx);
 
 // Every <STMTTRN> piece of an OFX or QFX statement within the range (both ends inclusive);

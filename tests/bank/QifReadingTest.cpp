@@ -116,7 +116,8 @@ TEST_F(QifReading, DatesInTheOrderTheFileShowsAndNeverRolledOver) {
 TEST(QifDates, EvidenceOfTheDLines) {
     auto evidence = [](std::vector<std::string> lines) {
         test::TestContext t;
-        QifDateEvidence e = qifDateEvidence(lines, t.ctx.config, t.ctx.clock);
+        std::vector<std::string_view> views(lines.begin(), lines.end());
+        QifDateEvidence e = qifDateEvidence(views, t.ctx.config, t.ctx.clock);
         return std::tuple{e.dayFirst, e.monthFirst, e.eitherWay};
     };
     EXPECT_EQ(evidence({"D01/01/10", "PX", "D29/12/10"}), std::tuple(true, false, false));
