@@ -9,6 +9,7 @@
 
 #include "bank/BankTexts.h"
 #include "bank/BankingCreditCardQIF.h"
+#include "bank/DateTexts.h"
 #include "bank/OfxStatements.h"
 #include "bank/OfxValues.h"
 #include "bank/StatementReaders.h"
@@ -22,6 +23,16 @@ namespace tavvel {
 namespace {
 
 constexpr std::string_view kTransactionTag = "<STMTTRN>";
+
+// Records are large next to what they point at: the list is sized once rather than grown by
+// moving them.
+std::size_t countOf(std::string_view text, std::string_view tag) {
+    std::size_t count = 0;
+    for (std::size_t at = text.find(tag); at != std::string_view::npos;
+         at = text.find(tag, at + tag.size()))
+        ++count;
+    return count;
+}
 
 bool isSpace(char c) {
     return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\f' || c == '\v';
@@ -160,7 +171,7 @@ namespace {
 
 std::optional<TransactionRecord> readOfxTransaction(std::string_view piece, OfxNumbering numbering,
                                                     bool utf8, Date fromDate, Date toDate,
-                                                    const Context& ctx) {
+                                                    const Context& ctx, DateTexts& dates) {
     auto posted = postedDate(piece);
     if (!posted)
         return TransactionRecord::error(text::ofxNoDate, piece);
@@ -168,7 +179,7 @@ std::optional<TransactionRecord> readOfxTransaction(std::string_view piece, OfxN
     if (date < fromDate || date > toDate)
         return std::nullopt;
     TransactionRecord record;
-    record.set(TxField::date, formatDate(date, ctx.output.longDatePattern()));
+    record.point(TxField::date, dates.of(date));
     addNumber(piece, numbering, utf8, record);
     addOfxField(TxField::memo, "<MEMO>", piece, record, utf8);
     if (!addOfxField(TxField::description, "<NAME>", piece, record, utf8))
@@ -194,9 +205,11 @@ std::optional<TransactionRecord> readOfxTransaction(std::string_view piece, OfxN
 
 std::vector<TransactionRecord> readOfxStatement(std::string_view text, Date fromDate, Date toDate,
                                                 const std::optional<std::string>& account,
-                                                const Context& ctx) {
+                                                const Context& ctx, TextArena& texts) {
     std::vector<TransactionRecord> records;
+    records.reserve(countOf(text, kTransactionTag));
     OfxFile file(text);
+    DateTexts dates(texts, ctx.output.longDatePattern());
     std::size_t at = text.find(kTransactionTag);
     while (at != std::string_view::npos) {
         std::size_t begin = at + kTransactionTag.size();
@@ -211,14 +224,15 @@ std::vector<TransactionRecord> readOfxStatement(std::string_view text, Date from
         if (next == std::string_view::npos && cutOff(text, piece))
             records.push_back(TransactionRecord::error(text::ofxCutOff, piece));
         else if (auto record = readOfxTransaction(piece, file.numberingOf(statement), file.utf8,
-                                                  fromDate, toDate, ctx))
+                                                  fromDate, toDate, ctx, dates))
             records.push_back(std::move(*record));
     }
     return records;
 }
 
 void BankingCreditCardQIF::fromOFX(std::string_view text, Date fromDate, Date toDate) {
-    start(readOfxStatement(text, fromDate, toDate, ofxAccount_, ctx_));
+    texts_.clear();
+    start(readOfxStatement(text, fromDate, toDate, ofxAccount_, ctx_, texts_));
 }
 
 } // namespace tavvel

@@ -80,8 +80,8 @@ std::optional<bool> QifDateEvidence::shownDayFirst() const {
     return dayFirst;
 }
 
-QifDateEvidence qifDateEvidence(std::span<const std::string_view> lines, const Configuration& config,
-                                const Clock& clock) {
+QifDateEvidence qifDateEvidence(std::span<const std::string_view> lines,
+                                const Configuration& config, const Clock& clock) {
     QifDateEvidence evidence;
     for (std::string_view line : lines) {
         if (line.empty() || line.front() != 'D')

@@ -39,8 +39,8 @@ struct QifDateEvidence {
     std::optional<bool> shownDayFirst() const;
 };
 
-QifDateEvidence qifDateEvidence(std::span<const std::string_view> lines, const Configuration& config,
-                                const Clock& clock);
+QifDateEvidence qifDateEvidence(std::span<const std::string_view> lines,
+                                const Configuration& config, const Clock& clock);
 
 // Whether the run reads the file's dates day first: the order the file shows; otherwise the
 // option europeanDates, except that a file whose dates read either way, on a system that

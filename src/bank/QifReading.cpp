@@ -4,6 +4,7 @@
 // has a date.
 
 #include "bank/BankingCreditCardQIF.h"
+#include "bank/DateTexts.h"
 #include "bank/QifDates.h"
 #include "bank/StatementReaders.h"
 #include "context/Context.h"
@@ -96,7 +97,7 @@ bool inAccountBlock(std::string_view line, bool& inAccount) {
 struct RegisterWalk {
     bool caretEnds = false;
     bool dayFirst = false;
-    std::string pattern;
+    DateTexts* dates = nullptr;
     Date fromDate, toDate;
     TransactionRecord record;
     PendingSplit split;
@@ -121,7 +122,7 @@ bool readDateLine(std::string_view line, RegisterWalk& walk, const Context& ctx)
     Date date = TvDate().dateWithYear(day->year, day->month, day->day);
     walk.skipping = date < walk.fromDate || date > walk.toDate;
     if (!walk.skipping)
-        walk.record.set(TxField::date, formatDate(date, walk.pattern));
+        walk.record.point(TxField::date, walk.dates->of(date));
     return true;
 }
 
@@ -152,7 +153,8 @@ void collectLine(std::string_view line, RegisterWalk& walk,
 } // namespace
 
 QifRegisterRead readQifRegister(std::span<const std::string_view> lines, Date fromDate, Date toDate,
-                                std::optional<bool> dayFirst, const Context& ctx) {
+                                std::optional<bool> dayFirst, const Context& ctx,
+                                TextArena& texts) {
     QifRegisterRead read;
     RegisterWalk walk;
     // Records are large next to a line: growing the list by moving them costs more than
@@ -163,7 +165,8 @@ QifRegisterRead readQifRegister(std::span<const std::string_view> lines, Date fr
     walk.dayFirst = dayFirst.value_or(qifDateEvidence(lines, ctx.config, ctx.clock)
                                           .shownDayFirst()
                                           .value_or(optionOn(ctx.prefs, option::europeanDates)));
-    walk.pattern = ctx.output.longDatePattern();
+    DateTexts dates(texts, ctx.output.longDatePattern());
+    walk.dates = &dates;
     walk.fromDate = fromDate;
     walk.toDate = toDate;
     for (std::size_t i = 0; i < lines.size(); ++i) {
@@ -187,14 +190,16 @@ QifRegisterRead readQifRegister(std::span<const std::string_view> lines, Date fr
 
 std::size_t BankingCreditCardQIF::fromQIFLines(std::span<const std::string_view> lines,
                                                Date fromDate, Date toDate) {
-    QifRegisterRead read = readQifRegister(lines, fromDate, toDate, dayFirstDates_, ctx_);
+    texts_.clear();
+    QifRegisterRead read = readQifRegister(lines, fromDate, toDate, dayFirstDates_, ctx_, texts_);
     start(std::move(read.records));
     return read.badLine;
 }
 
 std::size_t BankingCreditCardQIF::fromQIFLines(const std::vector<std::string>& lines, Date fromDate,
                                                Date toDate) {
-    return fromQIFLines(std::vector<std::string_view>(lines.begin(), lines.end()), fromDate, toDate);
+    return fromQIFLines(std::vector<std::string_view>(lines.begin(), lines.end()), fromDate,
+                        toDate);
 }
 
 } // namespace tavvel

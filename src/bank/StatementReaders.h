@@ -1,7 +1,9 @@
 #pragma once
 // The readers of bank and credit-card statements. Each returns the records of one statement in
-// the order of the file; the records point into the text read, which must outlive them.
+// the order of the file; the records point into the text read and into `texts` (the dates,
+// written once a day), which must both outlive them.
 
+#include "bank/TextArena.h"
 #include "bank/TransactionRecord.h"
 #include "prefs/Value.h"
 
@@ -25,14 +27,14 @@ struct QifRegisterRead {
     std::size_t badLine = 0;
 };
 QifRegisterRead readQifRegister(std::span<const std::string_view> lines, Date fromDate, Date toDate,
-                                std::optional<bool> dayFirst, const Context& ctx);
+                                std::optional<bool> dayFirst, const Context& ctx, TextArena& texts);
 
 // Every <STMTTRN> piece of an OFX or QFX statement within the range (both ends inclusive);
 // unreadable transactions become error records in their place. With `account`, only that
 // account's statements are read.
 std::vector<TransactionRecord> readOfxStatement(std::string_view text, Date fromDate, Date toDate,
                                                 const std::optional<std::string>& account,
-                                                const Context& ctx);
+                                                const Context& ctx, TextArena& texts);
 
 // addField:ofxLabel:fromOFXTransaction:toQIFTransaction: — the tag's value in the piece, its
 // entities decoded (numeric ones as UTF-8 when `utf8`) or its CDATA as it stands; false
