@@ -324,7 +324,10 @@ Intake Controller::acceptQIF(std::size_t head, bool recordEnds, bool resuming) {
     int kind = investment ? 2 : accountKindFor(gType_);
     form_.setInput({false, shown, kind, account_}, gType_);
     std::size_t skip = bankOrCard ? head + 1 : head;
-    fileAsLines_.assign(lines_.begin() + static_cast<std::ptrdiff_t>(skip), lines_.end());
+    // The register's lines are taken over, not copied: a statement's lines are many.
+    fileAsLines_ = std::move(lines_);
+    fileAsLines_.erase(fileAsLines_.begin(),
+                       fileAsLines_.begin() + static_cast<std::ptrdiff_t>(skip));
     // A header vouches for QIF on its own; its last record then ends where the text ends.
     if (!recordEnds && !resuming)
         fileAsLines_.emplace_back("^");

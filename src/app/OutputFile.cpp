@@ -29,16 +29,15 @@ std::string qifHeader(bool append, int gType, std::string_view account,
 }
 
 bool writeOutputFile(const OutputTarget& target, std::string_view outputText) {
-    std::string text;
     bool appending = target.appendSwitchOn && (target.appendOption || !target.qifOutput);
-    if (appending && ::access(target.path.c_str(), W_OK) == 0) {
-        auto existing = readWholeFile(target.path);
-        if (!existing)
-            return false; // never replace a file we could not read back
-        text = std::move(*existing);
-    }
-    text.append(outputText);
-    return writeFileAtomically(target.path, text);
+    // The output is written as it stands unless it joins what the file holds already.
+    if (!appending || ::access(target.path.c_str(), W_OK) != 0)
+        return writeFileAtomically(target.path, outputText);
+    auto existing = readWholeFile(target.path);
+    if (!existing)
+        return false; // never replace a file we could not read back
+    existing->append(outputText);
+    return writeFileAtomically(target.path, *existing);
 }
 
 } // namespace tavvel
