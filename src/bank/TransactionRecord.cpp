@@ -34,7 +34,7 @@ std::optional<std::string> TransactionRecord::optionalText(TxField f) const {
 }
 
 void TransactionRecord::point(TxField f, std::string_view text) {
-    views_[index(f)] = text;
+    view(f) = text;
     present_ = static_cast<std::uint16_t>(present_ | bit(f));
 }
 
@@ -44,8 +44,15 @@ void TransactionRecord::set(TxField f, std::string_view text) {
 }
 
 void TransactionRecord::erase(TxField f) {
-    views_[index(f)] = {};
+    if (index(f) < kTxCommonFields || rare_)
+        view(f) = {};
     present_ = static_cast<std::uint16_t>(present_ & ~bit(f));
+}
+
+std::string_view& TransactionRecord::view(TxField f) {
+    if (index(f) < kTxCommonFields)
+        return views_[index(f)];
+    return rare().views[index(f) - kTxCommonFields];
 }
 
 TransactionRecord::Rare& TransactionRecord::rare() {
@@ -73,14 +80,15 @@ void TransactionRecord::setUserSplits(bool on) {
 
 TransactionRecord TransactionRecord::copy() const {
     TransactionRecord c;
-    for (std::size_t i = 0; i < kTxFieldCount; ++i)
-        if (has(static_cast<TxField>(i)))
-            c.set(static_cast<TxField>(i), views_[i]);
-    c.alreadySwapped_ = alreadySwapped_;
-    c.amountConverted_ = amountConverted_;
-    c.outputLength_ = outputLength_;
+    // The rare part first: its views are then replaced by views into the copy's own texts.
     if (rare_)
         c.rare_ = std::make_unique<Rare>(*rare_);
+    for (std::size_t i = 0; i < kTxFieldCount; ++i)
+        if (has(static_cast<TxField>(i)))
+            c.set(static_cast<TxField>(i), text(static_cast<TxField>(i)));
+    c.alreadySwapped_ = alreadySwapped_;
+    c.amountConverted_ = amountConverted_;
+    c.setOutputLength(outputLength());
     return c;
 }
 
@@ -88,12 +96,13 @@ Dictionary TransactionRecord::toDictionary() const {
     Dictionary stored = rare_ ? rare_->otherKeys : Dictionary{};
     for (std::size_t i = 0; i < kTxFieldCount; ++i)
         if (has(static_cast<TxField>(i)))
-            stored.insert_or_assign(std::string(kFieldKeys[i]), Value(std::string(views_[i])));
+            stored.insert_or_assign(std::string(kFieldKeys[i]),
+                                    Value(std::string(text(static_cast<TxField>(i)))));
     if (rare_ && rare_->splits)
         stored.insert_or_assign(std::string(txkey::splits), Value(*rare_->splits));
-    if (outputLength_)
+    if (hasOutputLength_)
         stored.insert_or_assign(std::string(txkey::outputLength),
-                                Value(static_cast<std::int64_t>(*outputLength_)));
+                                Value(static_cast<std::int64_t>(outputLength_)));
     if (alreadySwapped_)
         stored.insert_or_assign(std::string(txkey::AlreadySwapped), Value(*alreadySwapped_));
     if (amountConverted_)
@@ -112,7 +121,7 @@ TransactionRecord TransactionRecord::fromDictionary(const Dictionary& stored) {
     if (const Value* splits = find(stored, txkey::splits); splits && splits->isArray())
         record.rare().splits = splits->array();
     if (const Value* length = find(stored, txkey::outputLength))
-        record.outputLength_ = static_cast<std::size_t>(length->toInteger());
+        record.setOutputLength(static_cast<std::size_t>(length->toInteger()));
     if (const Value* swapped = find(stored, txkey::AlreadySwapped))
         record.alreadySwapped_ = swapped->toBool();
     if (const Value* converted = find(stored, txkey::amountAlreadyConverted))

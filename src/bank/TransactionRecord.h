@@ -32,6 +32,8 @@ enum class TxField : std::uint8_t {
     errorText,
 };
 inline constexpr std::size_t kTxFieldCount = 10;
+// The fields every transaction may have, before those of OFX types and unreadable pieces.
+inline constexpr std::size_t kTxCommonFields = 7;
 
 class TransactionRecord {
 public:
@@ -48,7 +50,11 @@ public:
 
     bool has(TxField f) const { return present_ & bit(f); }
     // The field's text; "" when absent. Valid while the record and its statement are.
-    std::string_view text(TxField f) const { return views_[index(f)]; }
+    std::string_view text(TxField f) const {
+        if (index(f) < kTxCommonFields)
+            return views_[index(f)];
+        return rare_ ? rare_->views[index(f) - kTxCommonFields] : std::string_view();
+    }
     std::optional<std::string> optionalText(TxField f) const;
     // Points the field at text that outlives the record (the statement, a constant).
     void point(TxField f, std::string_view text);
@@ -63,8 +69,13 @@ public:
 
     // The walk's marks: where the transaction's output began (so Back can take it away), and
     // the changes that must not be made twice when the walk comes back to it.
-    std::optional<std::size_t> outputLength() const { return outputLength_; }
-    void setOutputLength(std::optional<std::size_t> length) { outputLength_ = length; }
+    std::optional<std::size_t> outputLength() const {
+        return hasOutputLength_ ? std::optional(outputLength_) : std::nullopt;
+    }
+    void setOutputLength(std::optional<std::size_t> length) {
+        hasOutputLength_ = length.has_value();
+        outputLength_ = length.value_or(0);
+    }
     bool alreadySwapped() const { return alreadySwapped_.has_value(); }
     void markSwapped() { alreadySwapped_ = true; }
     bool amountConverted() const { return amountConverted_.value_or(false); }
@@ -82,18 +93,23 @@ private:
         return static_cast<std::uint16_t>(1u << index(f));
     }
 
-    std::array<std::string_view, kTxFieldCount> views_{};
+    std::string_view& view(TxField f);
+
+    std::array<std::string_view, kTxCommonFields> views_{};
     std::uint16_t present_ = 0;
     // Marks keep the stored value they were read with, so a resumed record is stored again
     // as it was.
     std::optional<bool> alreadySwapped_;
     std::optional<bool> amountConverted_;
-    std::optional<std::size_t> outputLength_;
+    bool hasOutputLength_ = false;
+    std::size_t outputLength_ = 0;
     // Texts the record keeps itself; a list, so a view into one stays put when more are added.
     std::forward_list<std::string> owned_;
-    // What few records hold, out of line to keep every record small: splits, the mark of
-    // splits the user chose, and keys of a stored record that no field holds.
+    // What few records hold, out of line to keep every record small: the fields of OFX types
+    // and unreadable pieces, splits, the mark of splits the user chose, and keys of a stored
+    // record that no field holds.
     struct Rare {
+        std::array<std::string_view, kTxFieldCount - kTxCommonFields> views{};
         std::optional<Array> splits;
         std::optional<Value> userSplits;
         Dictionary otherKeys;

@@ -1,6 +1,7 @@
 #include "bank/TransactionRecord.h"
 
 #include <gtest/gtest.h>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -31,7 +32,10 @@ TEST(TransactionRecord, StoredFormComesBackAsItWasRead) {
     const Dictionary stored = storedRecord();
     TransactionRecord record = TransactionRecord::fromDictionary(stored);
     EXPECT_EQ(record.toDictionary(), stored);
-    EXPECT_EQ(record.copy().toDictionary(), stored);
+    auto original = std::make_unique<TransactionRecord>(TransactionRecord::fromDictionary(stored));
+    TransactionRecord copied = original->copy();
+    original.reset();
+    EXPECT_EQ(copied.toDictionary(), stored);
     // A mark present with a false value still counts as present, as it always has.
     EXPECT_TRUE(record.alreadySwapped());
     EXPECT_TRUE(record.userSplits());
