@@ -27,6 +27,7 @@
 #include "recognize/StatementKind.h"
 
 #include <filesystem>
+#include <utility>
 
 namespace tavvel {
 
@@ -278,6 +279,8 @@ RunEnd Controller::actuallyProcessTheTransactions() {
                                         Accounts(ctx_.prefs).typeForAccount(form_.accountText));
     writer_.account = account_.value_or("");
     DateRange all{kDistantPast, kDistantFuture};
+    if (gType_ == kTypeInvestment && !doingExtract_ && looksLikeOfx(fileAsString_))
+        return processInvestmentOFX(range.value_or(all).from, range.value_or(all).to);
     if (!readTransactions(range.value_or(all).from, range.value_or(all).to))
         return RunEnd::stopped;
     // The walk's error warnings can be silenced for the input format the text was read with.
@@ -358,6 +361,7 @@ RunEnd Controller::processInstructionsDidEnd(const WalkResult& result) {
             end = RunEnd::writeFailed;
         }
     }
+    lastMessage_ += std::exchange(closingNote_, {});
     doneWithFile();
     dialogs_.alert(lastTitle_, lastMessage_);
     return end;

@@ -275,6 +275,14 @@ void Scenario::applyPrefs(const std::string& body) {
                 accounts.emplace_back(Dictionary{{"Name", Value(name)}, {"Type", Value(type)}});
             }
             prefs.setObject(prefkey::Accounts, Value(accounts));
+        } else if (verb == "securities") {
+            Array securities;
+            for (const Value& entry : list(rest)) {
+                auto [name, symbol] = split(entry.text(), ":");
+                securities.emplace_back(
+                    Dictionary{{"Name", Value(name)}, {"Symbol", Value(symbol)}});
+            }
+            prefs.setObject(prefkey::Securities, Value(securities));
         } else if (verb == "instruction") {
             addInstruction(rest);
         } else if (verb == "amount-instruction") {

@@ -1,0 +1,246 @@
+// The walk over an investment statement's transactions. Per transaction, in order: an error
+// record is shown and skipped; the type is looked up (asked when unknown, dropped when always
+// skipped); a price of 1.00 is assumed where the mapping says so; amounts are derived; the
+// security is resolved (asked when unknown); required fields are checked; the transaction is
+// confirmed when the settings ask for it, and written.
+
+#include "invest/InvestmentQIF.h"
+
+#include "bank/BankTexts.h"
+#include "context/Context.h"
+#include "dialogs/Dialogs.h"
+#include "dialogs/MessageFormat.h"
+#include "formats/OutputFormats.h"
+#include "invest/DisplayFormat.h"
+#include "invest/InvestTexts.h"
+#include "invest/InvestmentWorking.h"
+#include "knowledge/Formats.h"
+#include "knowledge/Securities.h"
+#include "prefs/Settings.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace tavvel {
+
+namespace {
+
+std::string displayed(double value, const TvPrefs& prefs, std::string_view key,
+                      long long fallback) {
+    long long decimals = prefs.objectForKey(key) ? prefs.integerForKey(key) : fallback;
+    std::string format =
+        displayFormatForPrecision(decimals).value_or(*displayFormatForPrecision(fallback));
+    return formatForDisplay(value, format);
+}
+
+std::string joinedTypes(const std::vector<std::string>& types) {
+    std::string joined;
+    for (const std::string& type : types)
+        joined += (joined.empty() ? "\"" : ", \"") + type + "\"";
+    return joined;
+}
+
+} // namespace
+
+std::string closingNote(const InvestmentWalkResult& walked) {
+    std::string note;
+    if (walked.unknownTypeCount > 0)
+        note += formatMessage(text::skippedUnknownTypes, {std::to_string(walked.unknownTypeCount),
+                                                          joinedTypes(walked.unknownTypes)});
+    if (walked.unwritable > 0)
+        note += formatMessage(text::skippedUnwritable, std::to_string(walked.unwritable));
+    return note;
+}
+
+void deriveAmounts(InvestmentRecord& r, double& fees) {
+    fees = r.fees.value_or(0);
+    if (r.amount > 0 && r.price == 0 && r.shares != 0)
+        r.price = r.amount / r.shares;
+    else if (r.amount > 0 && r.price > 0 && r.shares > 0 && !r.fees)
+        fees = r.amount - r.price * r.shares;
+    else if (r.amount > 0 && r.price > 0 && r.shares == 0)
+        r.shares = r.amount / r.price;
+    else if (r.amount == 0 && r.price != 0 && r.shares != 0)
+        r.amount = r.price * r.shares;
+}
+
+InvestmentQIF::InvestmentQIF(Context& ctx, Dialogs& dialogs, OutputFormats& writer)
+    : ctx_(ctx), dialogs_(dialogs), writer_(writer), types_(quickenTypes(ctx.config)) {}
+
+void InvestmentQIF::fromOFX(std::string_view text, const InvestmentOfxRead& read) {
+    qif = readInvestmentOfx(text, read);
+}
+
+InvestmentWalkResult
+InvestmentQIF::processInstructionsAndAppendToString(std::string& output, Dictionary& format,
+                                                    const InvestmentWalkOptions& options) {
+    output_ = &output;
+    format_ = &format;
+    options_ = options;
+    result_ = {};
+    for (const InvestmentRecord& record : qif)
+        if (walkOne(record) == Step::skipRemaining)
+            break;
+    return result_;
+}
+
+InvestmentQIF::Step InvestmentQIF::walkOne(const InvestmentRecord& record) {
+    if (!record.errorMessage.empty()) {
+        dialogs_.errorWarning(record.errorMessage, record.errorText,
+                              std::string(text::skipTransaction), false);
+        ++result_.unwritable;
+        return Step::skip;
+    }
+    Working working;
+    working.record = record;
+    auto code = resolveType(working);
+    if (!code)
+        return Step::skip;
+    working.code = *code;
+    working.action = types_[static_cast<std::size_t>(working.code)];
+    deriveAmounts(working.record, working.fees);
+    // A transaction that cannot be written anyway asks nothing about its security.
+    if (std::string missing = missingField(working); !missing.empty())
+        return showMissing(missing);
+    if (!resolveSecurity(working))
+        return Step::skip;
+    working.date = options_.outputDate.empty() ? record.date : options_.outputDate;
+    const InvestmentRecord& r = working.record;
+    working.amountString = displayed(r.amount, ctx_.prefs, prefkey::amountsPrecision, 2);
+    working.priceString = displayed(r.price, ctx_.prefs, prefkey::pricesPrecision, 4);
+    working.sharesString = displayed(r.shares, ctx_.prefs, prefkey::sharesPrecision, 2);
+    if (std::fabs(working.fees) >= 0.01)
+        working.feesString =
+            (working.fees < 0 ? "-" : "") +
+            displayed(std::fabs(working.fees), ctx_.prefs, prefkey::amountsPrecision, 2);
+    Step step = confirm(working);
+    if (step == Step::write)
+        write(working);
+    return step;
+}
+
+// The action code, or nothing when the transaction is dropped (always skipped, or no action
+// chosen for an unknown type). A price of 1.00 assumed by the mapping is applied here.
+std::optional<std::int64_t> InvestmentQIF::resolveType(Working& working) {
+    const Value* stored = find(*format_, investkey::TypeMappings);
+    Array mappings = stored ? stored->array() : Array{};
+    TypeLookup found = lookUpType(mappings, working.record.type, working.record.amountWasNegative);
+    std::int64_t code = found.quickenType;
+    if (code == actioncode::alwaysSkip)
+        return std::nullopt;
+    if (code != actioncode::none && (code & actioncode::assumeDollar)) {
+        code &= ~actioncode::assumeDollar;
+        working.record.price = 1.0;
+    }
+    if (code == actioncode::none || code < 0 || static_cast<std::size_t>(code) >= types_.size())
+        code = askType(working).value_or(actioncode::none);
+    if (code == actioncode::none)
+        return std::nullopt;
+    if (!found.assumedSecurity.empty() && working.record.security.empty())
+        working.record.security = found.assumedSecurity;
+    return code;
+}
+
+// Define Type. The first button skips, so a run that takes first buttons never guesses an
+// action: it leaves the transaction out and names its type at the end.
+std::optional<std::int64_t> InvestmentQIF::askType(const Working& working) {
+    std::vector<std::string> buttons{std::string(text::skipTransaction)};
+    std::size_t plain = std::min<std::size_t>(types_.size(), actioncode::buyOrSell);
+    for (std::size_t code = 0; code < plain; ++code)
+        buttons.push_back(types_[code].displayName);
+    std::string shown = working.record.type;
+    std::size_t pick =
+        dialogs_.ask(std::string(text::unknownTypeTitle),
+                     formatMessage(text::unknownTypeText, {shown, working.record.date}), buttons);
+    if (pick == 0 || pick >= buttons.size()) {
+        ++result_.unknownTypeCount;
+        auto& types = result_.unknownTypes;
+        if (std::find(types.begin(), types.end(), shown) == types.end())
+            types.push_back(shown);
+        return std::nullopt;
+    }
+    auto code = static_cast<std::int64_t>(pick - 1);
+    addType(*format_, shown, code, -1, "");
+    Formats(ctx_.prefs).addFormat(*format_);
+    return code;
+}
+
+// The security by symbol, by the format's mapping of the symbol or the name, by the name in
+// the list; else asked. False when the transaction is left out.
+bool InvestmentQIF::resolveSecurity(Working& working) {
+    if (!working.action.securityRequired)
+        return true;
+    Securities securities(ctx_.prefs);
+    const InvestmentRecord& r = working.record;
+    std::optional<std::string> found;
+    if (!r.symbol.empty()) {
+        found = securities.quickenSecurityForSymbol(r.symbol);
+        if (!found)
+            found = securities.quickenSecurityFromMappingFor(r.symbol, *format_);
+    }
+    if (!found && !r.security.empty())
+        found = securities.quickenSecurityFromMappingFor(r.security, *format_);
+    if (!found && !r.security.empty() && securities.securityFound(r.security))
+        found = r.security;
+    if (!found)
+        found = format_->count(std::string(investkey::AssumedSecurity)) && r.security.empty() &&
+                        r.symbol.empty()
+                    ? std::optional(textOf(*format_, investkey::AssumedSecurity))
+                    : std::nullopt;
+    if (found) {
+        working.quickenSecurity = *found;
+        return true;
+    }
+    std::string shown = r.security.empty() ? r.symbol : r.security;
+    if (shown.empty())
+        return showMissing("SECURITY") == Step::write;
+    std::size_t pick =
+        dialogs_.ask(std::string(text::unknownSecurityTitle),
+                     formatMessage(text::unknownSecurityText, {shown, r.date}),
+                     {std::string(text::useNameShown), std::string(text::skipTransaction)});
+    if (pick != 0)
+        return false;
+    securities.addSecurity(r.symbol.empty() ? r.security : r.symbol, shown, *format_);
+    working.quickenSecurity = shown;
+    return true;
+}
+
+// The reason the transaction cannot be written, or "" (missingBadField:).
+std::string InvestmentQIF::missingField(const Working& working) const {
+    const InvestmentRecord& r = working.record;
+    if (working.cash() && !optionOn(ctx_.prefs, option::quicken2003))
+        return "quicken2003";
+    if (working.action.amountRequired && r.amount == 0)
+        return "AMOUNT";
+    if (working.action.sharesRequired && r.shares == 0)
+        return "SHARES";
+    if (working.action.priceRequired && r.price == 0)
+        return "PRICE";
+    return {};
+}
+
+InvestmentQIF::Step InvestmentQIF::showMissing(const std::string& field) {
+    std::string explanation = field == "quicken2003" ? std::string(text::missingQuicken2003)
+                                                     : formatMessage(text::missingField, field);
+    dialogs_.ask(formatMessage(text::missingFieldTitle, field), explanation,
+                 {std::string(text::skipTransaction)});
+    ++result_.unwritable;
+    return Step::skip;
+}
+
+InvestmentQIF::Step InvestmentQIF::confirm(const Working& working) {
+    if (!optionOn(ctx_.prefs, option::textConfirmAllTransactions))
+        return Step::write;
+    std::string action = working.record.type + " (" + working.action.displayName + ")";
+    std::string shown = formatMessage(
+        text::confirmText,
+        {working.date, action, working.quickenSecurity, working.sharesString, working.priceString,
+         working.feesString, working.amountString, working.memoField()});
+    std::size_t pick =
+        dialogs_.ask(std::string(text::investConfirmTitle), shown,
+                     {std::string(text::extractTransaction), std::string(text::skipTransaction),
+                      std::string(text::skipRemaining)});
+    return pick == 0 ? Step::write : pick == 2 ? Step::skipRemaining : Step::skip;
+}
+
+} // namespace tavvel

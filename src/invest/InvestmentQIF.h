@@ -1,0 +1,83 @@
+#pragma once
+// InvestmentQIF: the investment engine. A statement's transactions are read into `qif`, then
+// walked one by one: the statement's type is resolved to an action through the input format's
+// type mappings, the security through the security list and the format's security mappings,
+// the missing one of amount, price and shares is derived, the required fields are checked,
+// and the transaction is written as QIF (`!Type:Invst`) or in the user's delimited layout.
+// Where a lookup fails the user is asked, and the answer is learned into the input format.
+
+#include "invest/InvestmentOfx.h"
+#include "invest/InvestmentRecord.h"
+#include "invest/QuickenTypes.h"
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+namespace tavvel {
+
+class Context;
+class Dialogs;
+class OutputFormats;
+
+struct InvestmentWalkOptions {
+    std::string outputDate;   // a fixed date for every transaction, or ""
+    std::string outputNumber; // a fixed check number, or ""
+    bool markAsCleared = false;
+};
+
+struct InvestmentWalkResult {
+    std::size_t appended = 0;
+    // Transactions left out because no action is defined for their type, and those types.
+    std::size_t unknownTypeCount = 0;
+    std::vector<std::string> unknownTypes;
+    // Transactions left out because they cannot be written (a field missing or bad).
+    std::size_t unwritable = 0;
+};
+
+// What the closing message adds about the transactions left out; "" when none were.
+std::string closingNote(const InvestmentWalkResult& walked);
+
+class InvestmentQIF {
+public:
+    InvestmentQIF(Context& ctx, Dialogs& dialogs, OutputFormats& writer);
+
+    void fromOFX(std::string_view text, const InvestmentOfxRead& read);
+
+    // processInstructionsAndAppendToString: — walks `qif` and appends what is written; what is
+    // learned goes into the format, which is saved as it changes.
+    InvestmentWalkResult processInstructionsAndAppendToString(std::string& output,
+                                                              Dictionary& format,
+                                                              const InvestmentWalkOptions& options);
+
+    std::vector<InvestmentRecord> qif;
+
+    struct Working;
+
+private:
+    enum class Step { write, skip, skipRemaining };
+
+    Step walkOne(const InvestmentRecord& record);
+    std::optional<std::int64_t> resolveType(Working& working);
+    std::optional<std::int64_t> askType(const Working& working);
+    bool resolveSecurity(Working& working);
+    std::string missingField(const Working& working) const;
+    Step showMissing(const std::string& field);
+    Step confirm(const Working& working);
+    void write(const Working& working);
+    void writeQIF(const Working& working);
+    void writeCashQIF(const Working& working);
+    void writeDelimited(const Working& working);
+
+    Context& ctx_;
+    Dialogs& dialogs_;
+    OutputFormats& writer_;
+    std::vector<QuickenType> types_;
+    // The walk's own state, for one call of processInstructionsAndAppendToString.
+    std::string* output_ = nullptr;
+    Dictionary* format_ = nullptr;
+    InvestmentWalkOptions options_;
+    InvestmentWalkResult result_;
+};
+
+} // namespace tavvel
