@@ -35,6 +35,11 @@ struct InvestmentWalkResult {
     std::size_t unwritable = 0;
 };
 
+// displayAmounts: the missing one of amount, price and shares derived from the other two, and
+// the fees as the statement states them or, failing that, what the amount holds beyond price
+// times shares.
+void deriveAmounts(InvestmentRecord& record, double& fees);
+
 // What the closing message adds about the transactions left out; "" when none were.
 std::string closingNote(const InvestmentWalkResult& walked);
 

@@ -22,8 +22,4 @@ struct InvestmentQIF::Working {
     std::string memoField() const { return record.memo.empty() ? record.type : record.memo; }
 };
 
-// displayAmounts: the missing one of amount, price and shares derived from the other two, and
-// the fees as what the amount holds beyond price times shares.
-void deriveAmounts(InvestmentRecord& record, double& fees);
-
 } // namespace tavvel
