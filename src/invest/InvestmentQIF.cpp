@@ -122,9 +122,10 @@ InvestmentQIF::Step InvestmentQIF::walkOne(const InvestmentRecord& record) {
 // The action code, or nothing when the transaction is dropped (always skipped, or no action
 // chosen for an unknown type). A price of 1.00 assumed by the mapping is applied here.
 std::optional<std::int64_t> InvestmentQIF::resolveType(Working& working) {
+    static const Array none;
     const Value* stored = find(*format_, investkey::TypeMappings);
-    Array mappings = stored ? stored->array() : Array{};
-    TypeLookup found = lookUpType(mappings, working.record.type, working.record.amountWasNegative);
+    TypeLookup found = lookUpType(stored ? stored->array() : none, working.record.type,
+                                  working.record.amountWasNegative);
     std::int64_t code = found.quickenType;
     if (code == actioncode::alwaysSkip)
         return std::nullopt;
