@@ -130,13 +130,13 @@ generate_investment() {
         print "<INVTRANLIST><DTSTART>20240101<DTEND>20241231"
         for (i = 0; i < count; i++) {
             kind = i % 5
-            if (kind == 0) trade("BUYSTOCK", "INVBUY", "BUYTYPE", draw(90) + 10, "-" draw(9000) ".10")
-            else if (kind == 1) trade("SELLSTOCK", "INVSELL", "SELLTYPE", "-" (draw(9) + 1), draw(900) ".40")
+            if (kind == 0) trade("BUYSTOCK", "INVBUY", "BUYTYPE", draw(90) + 10, "-" (draw(9000) + 1) ".10")
+            else if (kind == 1) trade("SELLSTOCK", "INVSELL", "SELLTYPE", "-" (draw(9) + 1), (draw(900) + 1) ".40")
             else if (kind == 2) {
                 printf "<INCOME><INVTRAN><FITID>%d<DTTRADE>2024%02d%02d<MEMO>Dividend %d</INVTRAN>\n",
                     i, draw(12) + 1, draw(28) + 1, i % 97
                 printf "<SECID><UNIQUEID>SEC%d<UNIQUEIDTYPE>CUSIP</SECID><INCOMETYPE>DIV<TOTAL>%d.%02d</INCOME>\n",
-                    draw(5), draw(500), draw(100)
+                    draw(5), draw(500) + 1, draw(100)
             } else if (kind == 3) {
                 printf "<REINVEST><INVTRAN><FITID>%d<DTTRADE>2024%02d%02d</INVTRAN>\n", i,
                     draw(12) + 1, draw(28) + 1

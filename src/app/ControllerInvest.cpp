@@ -2,10 +2,14 @@
 // format, walked by the investment engine, and ended like any run, with a word on what was
 // left out.
 
+#include "app/AppTexts.h"
 #include "app/Controller.h"
 #include "context/Context.h"
+#include "invest/InvestmentContinuation.h"
 #include "invest/InvestmentQIF.h"
 #include "invest/OfxInvestmentFormat.h"
+
+#include <algorithm>
 
 namespace tavvel {
 
@@ -14,10 +18,30 @@ RunEnd Controller::processInvestmentOFX(Date from, Date to) {
     InvestmentQIF engine(ctx_, dialogs_, writer_);
     engine.fromOFX(fileAsString_, {from, to, ctx_.output.longDatePattern(),
                                    form_.choosesInputAccount() ? account_ : std::nullopt});
+    // Transactions of which not one can be read: the statement is not understood at all.
+    if (!engine.qif.empty() &&
+        std::all_of(engine.qif.begin(), engine.qif.end(),
+                    [](const InvestmentRecord& record) { return !record.errorMessage.empty(); })) {
+        statusAlert(text::invalidOfxTitle, text::invalidOfx, source_);
+        return RunEnd::stopped;
+    }
     InvestmentWalkResult walked = engine.processInstructionsAndAppendToString(
         outputFileAsString_, format, {runOutputDate_, runOutputNumber_, markAsCleared_});
     closingNote_ = closingNote(walked);
-    return processInstructionsDidEnd(WalkResult{walked.appended, std::nullopt});
+    return processInstructionsDidEnd(WalkResult{walked.appended, std::move(walked.continuation)});
+}
+
+// The stopped walk goes on with the format it learned into, which the store may have lost.
+RunEnd Controller::resumeInvestment() {
+    const Value* kept = find(*continuationData_, icontkey::format);
+    Dictionary format = kept && kept->isDictionary() ? kept->dictionary()
+                                                     : ofxInvestmentFormat(ctx_.prefs, ctx_.config);
+    InvestmentQIF engine(ctx_, dialogs_, writer_);
+    InvestmentWalkResult walked =
+        engine.continueWith(*continuationData_, outputFileAsString_, format,
+                            {runOutputDate_, runOutputNumber_, markAsCleared_});
+    closingNote_ = closingNote(walked);
+    return processInstructionsDidEnd(WalkResult{walked.appended, std::move(walked.continuation)});
 }
 
 } // namespace tavvel

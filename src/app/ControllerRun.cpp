@@ -16,6 +16,7 @@
 #include "formats/Extract.h"
 #include "formats/ExtractKeys.h"
 #include "formats/OutputFormatKeys.h"
+#include "invest/InvestmentContinuation.h"
 #include "knowledge/Accounts.h"
 #include "knowledge/Formats.h"
 #include "prefs/Files.h"
@@ -297,6 +298,8 @@ RunEnd Controller::actuallyProcessTheTransactions() {
 // stored record, whose output so far already holds the header and the accepted transactions.
 RunEnd Controller::resume() {
     writer_.account = account_.value_or("");
+    if (has(*continuationData_, icontkey::iqif))
+        return resumeInvestment();
     reader_.qifInputTypeTag = inputTypeTag();
     WalkResult result = reader_.continueWith(*continuationData_, outputFileAsString_, writer_,
                                              warning_, dialogs_, instructions_, walkOptions());

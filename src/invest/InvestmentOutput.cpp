@@ -22,6 +22,7 @@ bool pricesWritten(const InvestmentQIF::Working& w) {
 } // namespace
 
 void InvestmentQIF::write(const Working& working) {
+    outputLength_[index_] = output_->size();
     if (!writer_.QIFOutput())
         writeDelimited(working);
     else if (working.cash())

@@ -8,11 +8,14 @@
 
 #include "bank/BankTexts.h"
 #include "context/Context.h"
+#include "dialogs/DialogTexts.h"
 #include "dialogs/Dialogs.h"
 #include "dialogs/MessageFormat.h"
+#include "dialogs/RunHelpers.h"
 #include "formats/OutputFormats.h"
 #include "invest/DisplayFormat.h"
 #include "invest/InvestTexts.h"
+#include "invest/InvestmentContinuation.h"
 #include "invest/InvestmentWorking.h"
 #include "knowledge/Formats.h"
 #include "knowledge/Securities.h"
@@ -20,6 +23,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace tavvel {
 
@@ -78,16 +82,84 @@ InvestmentQIF::processInstructionsAndAppendToString(std::string& output, Diction
     format_ = &format;
     options_ = options;
     result_ = {};
-    for (const InvestmentRecord& record : qif)
-        if (walkOne(record) == Step::skipRemaining)
+    resumedAt_ = 0;
+    return walkFrom(0);
+}
+
+InvestmentWalkResult InvestmentQIF::continueWith(const Dictionary& data, std::string& output,
+                                                 Dictionary& format,
+                                                 const InvestmentWalkOptions& options) {
+    output = textOf(data, icontkey::fileAsString);
+    qif.clear();
+    for (const Value& stored : find(data, icontkey::iqif)->array())
+        qif.push_back(*investmentRecordFrom(stored));
+    output_ = &output;
+    format_ = &format;
+    options_ = options;
+    result_ = {};
+    result_.appended =
+        static_cast<std::size_t>(find(data, icontkey::numberOfTransactionsAppended)->toInteger());
+    resumedAt_ =
+        static_cast<std::size_t>(find(data, icontkey::currentTransactionIndex)->toInteger());
+    return walkFrom(resumedAt_);
+}
+
+InvestmentWalkResult InvestmentQIF::walkFrom(std::size_t index) {
+    outputLength_.assign(qif.size(), std::nullopt);
+    for (index_ = index; index_ < qif.size();) {
+        Step step = walkOne(qif[index_]);
+        if (step == Step::skipRemaining || (step == Step::cancel && cancelled()))
             break;
+        if (step == Step::back && goBack())
+            continue;
+        if (step != Step::cancel && step != Step::back)
+            ++index_;
+    }
     return result_;
+}
+
+// The previous transaction is shown again; lines it wrote are taken back.
+bool InvestmentQIF::goBack() {
+    if (index_ <= resumedAt_)
+        return false;
+    --index_;
+    if (auto length = std::exchange(outputLength_[index_], std::nullopt)) {
+        output_->resize(*length);
+        --result_.appended;
+    }
+    return true;
+}
+
+// True when the walk ends: stopped with nothing to write, or to be finished later.
+bool InvestmentQIF::cancelled() {
+    int choice = cancelConfirm(ctx_.prefs, dialogs_);
+    if (choice != 0 && choice != 1)
+        return false;
+    if (choice == 0) {
+        result_ = {};
+        return true;
+    }
+    Array records;
+    for (const InvestmentRecord& record : qif)
+        records.push_back(Value(investmentRecordAsDictionary(record)));
+    result_.continuation = Dictionary{
+        {std::string(icontkey::iqif), Value(std::move(records))},
+        {std::string(icontkey::format), Value(*format_)},
+        {std::string(icontkey::fileAsString), Value(*output_)},
+        {std::string(icontkey::currentTransactionIndex), Value(static_cast<std::int64_t>(index_))},
+        {std::string(icontkey::numberOfTransactionsAppended),
+         Value(static_cast<std::int64_t>(result_.appended))}};
+    result_.appended = 0;
+    return true;
 }
 
 InvestmentQIF::Step InvestmentQIF::walkOne(const InvestmentRecord& record) {
     if (!record.errorMessage.empty()) {
-        dialogs_.errorWarning(record.errorMessage, record.errorText,
-                              std::string(text::skipTransaction), false);
+        if (!dialogs_
+                 .errorWarning(record.errorMessage, record.errorText,
+                               std::string(text::skipTransaction), false)
+                 .pressedButton)
+            return Step::cancel;
         ++result_.unwritable;
         return Step::skip;
     }
@@ -237,11 +309,16 @@ InvestmentQIF::Step InvestmentQIF::confirm(const Working& working) {
         text::confirmText,
         {working.date, action, working.quickenSecurity, working.sharesString, working.priceString,
          working.feesString, working.amountString, working.memoField()});
-    std::size_t pick =
-        dialogs_.ask(std::string(text::investConfirmTitle), shown,
-                     {std::string(text::extractTransaction), std::string(text::skipTransaction),
-                      std::string(text::skipRemaining)});
-    return pick == 0 ? Step::write : pick == 2 ? Step::skipRemaining : Step::skip;
+    std::vector<std::string> buttons{
+        std::string(text::extractTransaction), std::string(text::skipTransaction),
+        std::string(text::skipRemaining), std::string(text::cancelButton)};
+    // A resumed walk cannot take back what the stopped one wrote.
+    if (index_ > resumedAt_)
+        buttons.emplace_back(text::backButton);
+    constexpr Step steps[] = {Step::write, Step::skip, Step::skipRemaining, Step::cancel,
+                              Step::back};
+    std::size_t pick = dialogs_.ask(std::string(text::investConfirmTitle), shown, buttons);
+    return pick < buttons.size() ? steps[pick] : Step::skip;
 }
 
 } // namespace tavvel

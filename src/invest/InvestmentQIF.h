@@ -5,12 +5,15 @@
 // the missing one of amount, price and shares is derived, the required fields are checked,
 // and the transaction is written as QIF (`!Type:Invst`) or in the user's delimited layout.
 // Where a lookup fails the user is asked, and the answer is learned into the input format.
+// Confirming, the user may go back one transaction (its lines are taken back), or cancel:
+// stop with nothing written, or finish later with a continuation record.
 
 #include "invest/InvestmentOfx.h"
 #include "invest/InvestmentRecord.h"
 #include "invest/QuickenTypes.h"
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -33,6 +36,8 @@ struct InvestmentWalkResult {
     std::vector<std::string> unknownTypes;
     // Transactions left out because they cannot be written (a field missing or bad).
     std::size_t unwritable = 0;
+    // Set when the user chose to finish later: what a later run resumes from.
+    std::optional<Dictionary> continuation;
 };
 
 // displayAmounts: the missing one of amount, price and shares derived from the other two, and
@@ -54,14 +59,21 @@ public:
     InvestmentWalkResult processInstructionsAndAppendToString(std::string& output,
                                                               Dictionary& format,
                                                               const InvestmentWalkOptions& options);
+    // continueWith: — resumes a walk stopped to finish later, at the transaction it showed,
+    // with the output it had; the record was checked (resumableInvestmentContinuation).
+    InvestmentWalkResult continueWith(const Dictionary& data, std::string& output,
+                                      Dictionary& format, const InvestmentWalkOptions& options);
 
     std::vector<InvestmentRecord> qif;
 
     struct Working;
 
 private:
-    enum class Step { write, skip, skipRemaining };
+    enum class Step { write, skip, skipRemaining, back, cancel };
 
+    InvestmentWalkResult walkFrom(std::size_t index);
+    bool goBack();
+    bool cancelled();
     Step walkOne(const InvestmentRecord& record);
     std::optional<std::int64_t> resolveType(Working& working);
     std::optional<std::int64_t> askType(const Working& working);
@@ -83,6 +95,10 @@ private:
     Dictionary* format_ = nullptr;
     InvestmentWalkOptions options_;
     InvestmentWalkResult result_;
+    std::size_t index_ = 0;
+    std::size_t resumedAt_ = 0; // the first transaction this session walks
+    // Where each transaction's lines begin in the output, for those written in this session.
+    std::vector<std::optional<std::size_t>> outputLength_;
 };
 
 } // namespace tavvel

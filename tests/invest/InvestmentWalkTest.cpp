@@ -135,9 +135,9 @@ TEST_F(InvestmentWalk, ConfirmedSaleWrittenInOrder) {
     EXPECT_EQ(dialogs.shown()[0].text, "3/1/2024  SELL (Sell shares)\rSecurity: Acme Widgets, "
                                        "Inc\rShares: 100.000  Price: 25.5000  Fees: "
                                        "-9.95\rAmount: 2,540.05\rMemo: Sold");
-    EXPECT_EQ(
-        dialogs.shown()[0].buttons,
-        (std::vector<std::string>{"Extract Transaction", "Skip Transaction", "Skip Remaining"}));
+    EXPECT_EQ(dialogs.shown()[0].buttons,
+              (std::vector<std::string>{"Extract Transaction", "Skip Transaction", "Skip Remaining",
+                                        "Cancel"}));
     EXPECT_EQ(output, "!Type:Invst\nD3/1/2024\nNSell\nMSold\nYAcme Widgets, Inc\nQ100.000\n"
                       "I25.5000\nO9.95\nT2,540.05\nC*\n^\n");
 }
