@@ -146,20 +146,18 @@ bool readSplit(std::string_view body, InvestmentRecord& record) {
     return true;
 }
 
-// The costs of a trade as the statement states them, when it states any.
+// The costs of a trade as the statement states them. A statement that names none had none:
+// what the total holds beyond price times shares is the rounding of a price, never a fee.
 bool readFees(std::string_view body, InvestmentRecord& record) {
     double total = 0;
-    bool stated = false;
     for (std::string_view tag : {"<COMMISSION>", "<FEES>", "<TAXES>", "<LOAD>"}) {
         double part = 0;
         bool negative = false;
         if (!readNumber(body, tag, part, negative))
             return false;
-        stated = stated || rawValue(body, tag).has_value();
         total += negative ? -part : part;
     }
-    if (stated)
-        record.fees = total;
+    record.fees = total;
     return true;
 }
 

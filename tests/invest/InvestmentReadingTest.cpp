@@ -45,7 +45,7 @@ TEST_F(InvestmentReading, EachTransactionReadFromItsOwnAggregate) {
     EXPECT_EQ(records[0].security, "Acme Widgets, Inc");
     EXPECT_EQ(records[0].symbol, "ACMW");
     EXPECT_EQ(records[0].memo, "Paid");
-    EXPECT_FALSE(records[0].fees.has_value());
+    EXPECT_EQ(records[0].fees, 0.0); // none stated: none, whatever the total holds
     EXPECT_EQ(records[1].type, "SELLSTOCK SELL");
     EXPECT_EQ(records[1].date, "1/9/2024");
     EXPECT_EQ(records[1].security, "Birch & Co"); // the later entry of an id wins
