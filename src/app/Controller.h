@@ -145,6 +145,7 @@ private:
     void recordRunSettings(std::optional<Date> from, std::optional<Date> to);
     RunEnd processInstructionsDidEnd(const WalkResult& result);
     RunEnd processInvestmentOFX(Date from, Date to);
+    RunEnd processInvestmentText(Date from, Date to);
     RunEnd resumeInvestment();
     RunEnd saveContinuation(Dictionary record);
     WalkOptions walkOptions() const;

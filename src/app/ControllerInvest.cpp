@@ -5,9 +5,11 @@
 #include "app/AppTexts.h"
 #include "app/Controller.h"
 #include "context/Context.h"
+#include "formats/Extract.h"
 #include "invest/InvestmentContinuation.h"
 #include "invest/InvestmentQIF.h"
 #include "invest/OfxInvestmentFormat.h"
+#include "knowledge/Formats.h"
 
 #include <algorithm>
 
@@ -27,6 +29,25 @@ RunEnd Controller::processInvestmentOFX(Date from, Date to) {
     }
     InvestmentWalkResult walked = engine.processInstructionsAndAppendToString(
         outputFileAsString_, format, {runOutputDate_, runOutputNumber_, markAsCleared_});
+    closingNote_ = closingNote(walked);
+    return processInstructionsDidEnd(WalkResult{walked.appended, std::move(walked.continuation)});
+}
+
+// Investment text read through its input format, which learns the type and security
+// mappings of the walk.
+RunEnd Controller::processInvestmentText(Date from, Date to) {
+    std::optional<Dictionary> format = Formats(ctx_.prefs).formatForName(form_.inputFormatName);
+    if (!format) {
+        doneWithFile();
+        return RunEnd::stopped;
+    }
+    InvestmentQIF engine(ctx_, dialogs_, writer_);
+    if (!engine.fromFormattedText(textAsRead(fileAsString_, *format), *format, from, to)) {
+        statusAlert(text::invalidFormatTitle, text::invalidFormat, source_);
+        return RunEnd::stopped;
+    }
+    InvestmentWalkResult walked = engine.processInstructionsAndAppendToString(
+        outputFileAsString_, *format, {runOutputDate_, runOutputNumber_, markAsCleared_});
     closingNote_ = closingNote(walked);
     return processInstructionsDidEnd(WalkResult{walked.appended, std::move(walked.continuation)});
 }

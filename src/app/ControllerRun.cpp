@@ -282,6 +282,8 @@ RunEnd Controller::actuallyProcessTheTransactions() {
     DateRange all{kDistantPast, kDistantFuture};
     if (gType_ == kTypeInvestment && !doingExtract_ && looksLikeOfx(fileAsString_))
         return processInvestmentOFX(range.value_or(all).from, range.value_or(all).to);
+    if (gType_ == kTypeInvestment && doingExtract_)
+        return processInvestmentText(range.value_or(all).from, range.value_or(all).to);
     if (!readTransactions(range.value_or(all).from, range.value_or(all).to))
         return RunEnd::stopped;
     // The walk's error warnings can be silenced for the input format the text was read with.

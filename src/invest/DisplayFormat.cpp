@@ -1,6 +1,7 @@
 #include "invest/DisplayFormat.h"
 
 #include <cmath>
+#include <map>
 #include <memory>
 #include <unicode/dcfmtsym.h>
 #include <unicode/decimfmt.h>
@@ -22,15 +23,29 @@ std::vector<std::string_view> sectionsOf(std::string_view format) {
     }
 }
 
-std::string withIcu(double magnitude, std::string_view pattern) {
+// A formatter per section, made once: making one costs far more than formatting with it, and a
+// statement formats a few numbers for every transaction with the same three or four sections.
+const icu::DecimalFormat* formatterFor(std::string_view pattern) {
+    static std::map<std::string, std::unique_ptr<icu::DecimalFormat>, std::less<>> made;
+    if (auto found = made.find(pattern); found != made.end())
+        return found->second.get();
     UErrorCode status = U_ZERO_ERROR;
     auto symbols = std::make_unique<icu::DecimalFormatSymbols>(icu::Locale::getUS(), status);
-    icu::DecimalFormat formatter(icu::UnicodeString::fromUTF8(pattern), symbols.release(), status);
+    auto formatter = std::make_unique<icu::DecimalFormat>(icu::UnicodeString::fromUTF8(pattern),
+                                                          symbols.release(), status);
     if (U_FAILURE(status))
+        formatter.reset();
+    else
+        formatter->setMaximumFractionDigits(std::max(formatter->getMinimumFractionDigits(), 6));
+    return made.emplace(std::string(pattern), std::move(formatter)).first->second.get();
+}
+
+std::string withIcu(double magnitude, std::string_view pattern) {
+    const icu::DecimalFormat* formatter = formatterFor(pattern);
+    if (!formatter)
         return {};
-    formatter.setMaximumFractionDigits(std::max(formatter.getMinimumFractionDigits(), 6));
     icu::UnicodeString shown;
-    formatter.format(magnitude, shown);
+    formatter->format(magnitude, shown);
     std::string out;
     return shown.toUTF8String(out);
 }

@@ -16,6 +16,15 @@ inline constexpr std::string_view missingQuicken2003 =
     "Check/Withdrawal/Deposit/POS/ATM trnsactions (such as Quicken 2003-2007).  However, you "
     "have not selected the preference to produce QIF for Quicken 2003 or later.  Therefore, the "
     "transaction must be skipped.";
+inline constexpr std::string_view missingBadValue =
+    "The transaction shown above contains one or more bad or missing values, as shown above "
+    "with \"Invalid\".  Therefore, the transaction must be skipped unless you edit the input to "
+    "provide correct values.";
+inline constexpr std::string_view missingType =
+    "The transaction shown above is missing a TYPE.  It is possible that the format was defined "
+    "wrong, or that there was a date within the previous transaction.\r\rAll transactions must "
+    "have a type.  Therefore, the transaction must be skipped unless you edit the input to "
+    "provide a type.";
 inline constexpr std::string_view missingField =
     "The transaction shown above is missing the %@ field, which is required for this type of "
     "transaction.  Therefore, the transaction must be skipped unless you redefine the type to "

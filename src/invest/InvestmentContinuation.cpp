@@ -9,11 +9,12 @@ struct TextField {
     std::string InvestmentRecord::*field;
 };
 constexpr TextField kTexts[] = {
-    {"Date", &InvestmentRecord::date},          {"Type", &InvestmentRecord::type},
-    {"Security", &InvestmentRecord::security},  {"Symbol", &InvestmentRecord::symbol},
-    {"Memo", &InvestmentRecord::memo},          {"Description", &InvestmentRecord::description},
-    {"Check", &InvestmentRecord::check},        {"errorMessage", &InvestmentRecord::errorMessage},
-    {"errorText", &InvestmentRecord::errorText}};
+    {"Date", &InvestmentRecord::date},           {"Type", &InvestmentRecord::type},
+    {"Security", &InvestmentRecord::security},   {"Symbol", &InvestmentRecord::symbol},
+    {"Memo", &InvestmentRecord::memo},           {"Description", &InvestmentRecord::description},
+    {"Check", &InvestmentRecord::check},         {"errorMessage", &InvestmentRecord::errorMessage},
+    {"errorText", &InvestmentRecord::errorText}, {"Category", &InvestmentRecord::category},
+    {"badValue", &InvestmentRecord::badValue}};
 
 struct NumberField {
     std::string_view key;
@@ -83,7 +84,8 @@ std::optional<InvestmentRecord> investmentRecordFrom(const Value& value) {
             return std::nullopt;
         record.fees = fees->toDouble();
     }
-    if (record.errorMessage.empty() && record.date.empty())
+    // Something must say what the transaction is: a walk shows it, or explains why not.
+    if (record.errorMessage.empty() && record.date.empty() && record.type.empty())
         return std::nullopt;
     return record;
 }

@@ -163,6 +163,10 @@ InvestmentQIF::Step InvestmentQIF::walkOne(const InvestmentRecord& record) {
         ++result_.unwritable;
         return Step::skip;
     }
+    if (record.date.empty())
+        return showMissing("DATE");
+    if (!record.badValue.empty())
+        return showMissing("badValue");
     Working working;
     working.record = record;
     auto code = resolveType(working);
@@ -205,7 +209,14 @@ std::optional<std::int64_t> InvestmentQIF::resolveType(Working& working) {
         code &= ~actioncode::assumeDollar;
         working.record.price = 1.0;
     }
-    if (code == actioncode::none || code < 0 || static_cast<std::size_t>(code) >= types_.size())
+    bool unknown =
+        code == actioncode::none || code < 0 || static_cast<std::size_t>(code) >= types_.size();
+    // A statement that names no type gives nothing to learn a mapping from.
+    if (unknown && working.record.type.empty()) {
+        showMissing("TYPE");
+        return std::nullopt;
+    }
+    if (unknown)
         code = askType(working).value_or(actioncode::none);
     if (code == actioncode::none)
         return std::nullopt;
@@ -294,6 +305,8 @@ std::string InvestmentQIF::missingField(const Working& working) const {
 
 InvestmentQIF::Step InvestmentQIF::showMissing(const std::string& field) {
     std::string explanation = field == "quicken2003" ? std::string(text::missingQuicken2003)
+                              : field == "badValue"  ? std::string(text::missingBadValue)
+                              : field == "TYPE"      ? std::string(text::missingType)
                                                      : formatMessage(text::missingField, field);
     dialogs_.ask(formatMessage(text::missingFieldTitle, field), explanation,
                  {std::string(text::skipTransaction)});

@@ -53,6 +53,10 @@ public:
     InvestmentQIF(Context& ctx, Dialogs& dialogs, OutputFormats& writer);
 
     void fromOFX(std::string_view text, const InvestmentOfxRead& read);
+    // fromFormattedText:usingFormat:fromDate:toDate: — false when the engine cannot read the
+    // text with the format, or the user cancelled at a transaction it could not read.
+    bool fromFormattedText(std::string_view text, const Dictionary& format, Date fromDate,
+                           Date toDate);
 
     // processInstructionsAndAppendToString: — walks `qif` and appends what is written; what is
     // learned goes into the format, which is saved as it changes.

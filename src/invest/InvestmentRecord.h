@@ -16,6 +16,10 @@ struct InvestmentRecord {
     std::string memo;
     std::string description;
     std::string check;
+    std::string category;
+    // A number's text that is no number ("Invalid: ..." on the form); the transaction cannot
+    // be written.
+    std::string badValue;
     double amount = 0;
     double price = 0;
     double shares = 0;

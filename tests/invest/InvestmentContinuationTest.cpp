@@ -114,7 +114,7 @@ TEST(InvestmentContinuation, DamagedRecordsCannotBeResumed) {
     };
     EXPECT_FALSE(with(1, "Amount", Value("100"))); // a number kept as text
     EXPECT_FALSE(with(1, "Amount", Value(-5.0)));  // a magnitude below zero
-    EXPECT_FALSE(with(1, "Type", Value("BUY")));   // no date, and no error either
+    EXPECT_FALSE(with(1, "Memo", Value("x")));     // no date, type or error: nothing at all
     EXPECT_FALSE(with(0, "currentTransactionIndex", Value(1)));
     EXPECT_FALSE(with(0, "numberOfTransactionsAppended", Value(1)));
     EXPECT_FALSE(with(0, "iqif", Value("records")));

@@ -94,16 +94,31 @@ TEST_F(InvestmentWalk, ChosenActionLearnedAndCashActionsNeedQuicken2003) {
                       "C*\n^\n!Type:Invst\n");
 }
 
-// Required fields are checked before the security is asked for, with the field named.
+// Required fields are checked before the security is asked for, with the field named; a
+// number that is none, or a statement that names no type, is explained in its own words.
 TEST_F(InvestmentWalk, MissingRequiredFieldExplained) {
     test::ScriptedDialogs dialogs;
     OutputFormats writer{t.ctx, dialogs};
     InvestmentQIF engine(t.ctx, dialogs, writer);
     format = formatMapping("BUY", 1);
-    engine.qif = {record("BUY", 100, true)};
+    engine.qif = {record("BUY", 100, true), record("BUY", 0), record("", 5)};
     engine.qif[0].security = "Unknown Fund";
-    dialogs.expectAsk("Investment Transaction: Missing SHARES Field", 0);
-    engine.processInstructionsAndAppendToString(output, format, {});
+    engine.qif[1].badValue = "12,3x";
+    dialogs.expectAsk("Investment Transaction: Missing SHARES Field", 0)
+        .expectAsk("Investment Transaction: Missing badValue Field", 0)
+        .expectAsk("Investment Transaction: Missing TYPE Field", 0);
+    InvestmentWalkResult walked = engine.processInstructionsAndAppendToString(output, format, {});
+    EXPECT_EQ(walked.unwritable, 3u);
+    EXPECT_EQ(output, "!Type:Invst\n");
+    EXPECT_EQ(dialogs.shown()[1].text,
+              "The transaction shown above contains one or more bad or missing values, as shown "
+              "above with \"Invalid\".  Therefore, the transaction must be skipped unless you edit "
+              "the input to provide correct values.");
+    EXPECT_EQ(dialogs.shown()[2].text,
+              "The transaction shown above is missing a TYPE.  It is possible that the format "
+              "was defined wrong, or that there was a date within the previous "
+              "transaction.\r\rAll transactions must have a type.  Therefore, the transaction "
+              "must be skipped unless you edit the input to provide a type.");
     EXPECT_EQ(dialogs.shown()[0].text,
               "The transaction shown above is missing the SHARES field, which is required for "
               "this type of transaction.  Therefore, the transaction must be skipped unless you "
