@@ -236,7 +236,8 @@ bool Controller::readTransactions(Date from, Date to) {
             doneWithFile();
             return false;
         }
-        // Investment text is not read yet: it is refused as a format that does not fit.
+        // Investment text never comes here (the investment engine reads it); a format of that
+        // kind met here is refused as one that does not fit.
         bool read = textOf(*format, fmtkey::FormatType) != fmtkey::Investment &&
                     reader_.fromFormattedText(textAsRead(fileAsString_, *format), *format, from, to,
                                               warning_);
