@@ -42,6 +42,13 @@ inline constexpr std::string_view unknownSecurityText =
     "shown: it is added to the list and remembered for this input format.";
 inline constexpr std::string_view confirmText =
     "%@  %@\rSecurity: %@\rShares: %@  Price: %@  Fees: %@\rAmount: %@\rMemo: %@";
+inline constexpr std::string_view alwaysSkip = "Always Skip This Type";
+inline constexpr std::string_view alwaysSkipTitle =
+    "Investment Transaction: Always Skip This Transaction Type";
+inline constexpr std::string_view alwaysSkipText =
+    "Transactions of the type \"%@\" will be left out without asking, for this input format.";
+inline constexpr std::string_view confirmAlwaysSkip = "Confirm Always Skip";
+inline constexpr std::string_view dontAlwaysSkip = "Don't Always Skip";
 inline constexpr std::string_view useNameShown = "Use Name Shown Above";
 inline constexpr std::string_view extractTransaction = "Extract Transaction";
 inline constexpr std::string_view skipRemaining = "Skip Remaining";

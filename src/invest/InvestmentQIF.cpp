@@ -228,14 +228,20 @@ std::optional<std::int64_t> InvestmentQIF::resolveType(Working& working) {
 // Define Type. The first button skips, so a run that takes first buttons never guesses an
 // action: it leaves the transaction out and names its type at the end.
 std::optional<std::int64_t> InvestmentQIF::askType(const Working& working) {
-    std::vector<std::string> buttons{std::string(text::skipTransaction)};
+    std::vector<std::string> buttons{std::string(text::skipTransaction),
+                                     std::string(text::alwaysSkip)};
     std::size_t plain = std::min<std::size_t>(types_.size(), actioncode::buyOrSell);
     for (std::size_t code = 0; code < plain; ++code)
         buttons.push_back(types_[code].displayName);
-    std::string shown = working.record.type;
-    std::size_t pick =
-        dialogs_.ask(std::string(text::unknownTypeTitle),
-                     formatMessage(text::unknownTypeText, {shown, working.record.date}), buttons);
+    const std::string& shown = working.record.type;
+    std::size_t pick = 1;
+    while (pick == 1) {
+        pick = dialogs_.ask(std::string(text::unknownTypeTitle),
+                            formatMessage(text::unknownTypeText, {shown, working.record.date}),
+                            buttons);
+        if (pick == 1 && confirmAlwaysSkip(shown))
+            return std::nullopt;
+    }
     if (pick == 0 || pick >= buttons.size()) {
         ++result_.unknownTypeCount;
         auto& types = result_.unknownTypes;
@@ -243,10 +249,23 @@ std::optional<std::int64_t> InvestmentQIF::askType(const Working& working) {
             types.push_back(shown);
         return std::nullopt;
     }
-    auto code = static_cast<std::int64_t>(pick - 1);
+    auto code = static_cast<std::int64_t>(pick - 2);
     addType(*format_, shown, code, -1, "");
     Formats(ctx_.prefs).addFormat(*format_);
     return code;
+}
+
+// Confirm Always Skip: the type is learned as one to drop without asking; false when the user
+// went back to choosing an action.
+bool InvestmentQIF::confirmAlwaysSkip(const std::string& type) {
+    std::size_t pick =
+        dialogs_.ask(std::string(text::alwaysSkipTitle), formatMessage(text::alwaysSkipText, type),
+                     {std::string(text::confirmAlwaysSkip), std::string(text::dontAlwaysSkip)});
+    if (pick != 0)
+        return false;
+    addType(*format_, type, actioncode::alwaysSkip, -1, "");
+    Formats(ctx_.prefs).addFormat(*format_);
+    return true;
 }
 
 // The security by symbol, by the format's mapping of the symbol or the name, by the name in

@@ -81,6 +81,7 @@ private:
     Step walkOne(const InvestmentRecord& record);
     std::optional<std::int64_t> resolveType(Working& working);
     std::optional<std::int64_t> askType(const Working& working);
+    bool confirmAlwaysSkip(const std::string& type);
     bool resolveSecurity(Working& working);
     std::string missingField(const Working& working) const;
     Step showMissing(const std::string& field);

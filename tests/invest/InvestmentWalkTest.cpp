@@ -71,7 +71,7 @@ TEST_F(InvestmentWalk, ChosenActionLearnedAndCashActionsNeedQuicken2003) {
     engine.qif = {record("WIRE IN", 250), record("WIRE IN", 75.25)};
     engine.qif[1].description = "From savings";
     dialogs
-        .expectAsk("Investment Transaction: Unknown Transaction Type", 20) // code 19
+        .expectAsk("Investment Transaction: Unknown Transaction Type", 21) // code 19
         .expectAsk("Investment Transaction: Missing quicken2003 Field", 0)
         .expectAsk("Investment Transaction: Missing quicken2003 Field", 0);
     InvestmentWalkResult refused = engine.processInstructionsAndAppendToString(output, format, {});
@@ -92,6 +92,34 @@ TEST_F(InvestmentWalk, ChosenActionLearnedAndCashActionsNeedQuicken2003) {
     EXPECT_EQ(written.appended, 1u);
     EXPECT_EQ(output, "!Type:Invst\n!InvstBnk\nNDEP\nD3/1/2024\nPFrom savings\nM\nT75.25\nL\n"
                       "C*\n^\n!Type:Invst\n");
+}
+
+// Always Skip asks for confirmation; going back offers the actions again, confirming learns
+// the type as one to drop, and the next transaction of that type is dropped without a word.
+TEST_F(InvestmentWalk, AlwaysSkipConfirmedAndLearned) {
+    test::ScriptedDialogs dialogs;
+    OutputFormats writer{t.ctx, dialogs};
+    InvestmentQIF engine(t.ctx, dialogs, writer);
+    engine.qif = {record("JOURNAL", 10), record("JOURNAL ENTRY", 20), record("INCOME DIV", 1)};
+    engine.qif[2].security = "Birch Fund";
+    Securities(t.ctx.prefs)
+        .setSecuritiesArray(
+            Array{Value(Dictionary{{"Name", Value("Birch Fund")}, {"Symbol", Value("")}})});
+    dialogs.expectAsk("Investment Transaction: Unknown Transaction Type", 1)
+        .expectAsk("Investment Transaction: Always Skip This Transaction Type", 1)
+        .expectAsk("Investment Transaction: Unknown Transaction Type", 1)
+        .expectAsk("Investment Transaction: Always Skip This Transaction Type", 0);
+    InvestmentWalkResult walked = engine.processInstructionsAndAppendToString(output, format, {});
+    EXPECT_EQ(walked.appended, 1u);
+    EXPECT_EQ(walked.unknownTypeCount, 0u);
+    EXPECT_EQ(closingNote(walked), "");
+    EXPECT_EQ(dialogs.shown()[0].buttons[1], "Always Skip This Type");
+    EXPECT_EQ(dialogs.shown()[1].text, "Transactions of the type \"JOURNAL\" will be left out "
+                                       "without asking, for this input format.");
+    EXPECT_EQ(dialogs.shown()[1].buttons,
+              (std::vector<std::string>{"Confirm Always Skip", "Don't Always Skip"}));
+    EXPECT_EQ(lookUpType(find(format, "TypeMappings")->array(), "journal entry", false).quickenType,
+              actioncode::alwaysSkip);
 }
 
 // Required fields are checked before the security is asked for, with the field named; a
