@@ -230,9 +230,8 @@ std::optional<std::int64_t> InvestmentQIF::resolveType(Working& working) {
 std::optional<std::int64_t> InvestmentQIF::askType(const Working& working) {
     std::vector<std::string> buttons{std::string(text::skipTransaction),
                                      std::string(text::alwaysSkip)};
-    std::size_t plain = std::min<std::size_t>(types_.size(), actioncode::buyOrSell);
-    for (std::size_t code = 0; code < plain; ++code)
-        buttons.push_back(types_[code].displayName);
+    for (const QuickenType& type : types_)
+        buttons.push_back(type.displayName);
     const std::string& shown = working.record.type;
     std::size_t pick = 1;
     while (pick == 1) {
@@ -252,7 +251,7 @@ std::optional<std::int64_t> InvestmentQIF::askType(const Working& working) {
     auto code = static_cast<std::int64_t>(pick - 2);
     addType(*format_, shown, code, -1, "");
     Formats(ctx_.prefs).addFormat(*format_);
-    return code;
+    return bySign(code, working.record.amountWasNegative);
 }
 
 // Confirm Always Skip: the type is learned as one to drop without asking; false when the user

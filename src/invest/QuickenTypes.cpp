@@ -17,14 +17,6 @@ bool startsWithIgnoringCase(std::string_view text, std::string_view prefix) {
     return true;
 }
 
-std::int64_t bySign(std::int64_t code, bool negative) {
-    if (code == actioncode::buyOrSell)
-        return negative ? 1 : 0;
-    if (code == actioncode::inOrOut)
-        return negative ? 5 : 4;
-    return code;
-}
-
 QuickenType quickenTypeFrom(const Dictionary& entry) {
     auto flag = [&](std::string_view key) { return find(entry, key) != nullptr; };
     return {textOf(entry, investkey::QuickenName), textOf(entry, investkey::DisplayName),
@@ -34,6 +26,14 @@ QuickenType quickenTypeFrom(const Dictionary& entry) {
 }
 
 } // namespace
+
+std::int64_t bySign(std::int64_t code, bool negative) {
+    if (code == actioncode::buyOrSell)
+        return negative ? 1 : 0;
+    if (code == actioncode::inOrOut)
+        return negative ? 5 : 4;
+    return code;
+}
 
 std::vector<QuickenType> quickenTypes(const Configuration& config) {
     std::vector<QuickenType> types;

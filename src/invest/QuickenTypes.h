@@ -50,6 +50,9 @@ struct QuickenType {
     bool securityRequired = false;
 };
 
+// Codes 23 and 24 made the action the amount's sign says; other codes as they are.
+std::int64_t bySign(std::int64_t code, bool negative);
+
 // The action table in the order of its codes.
 std::vector<QuickenType> quickenTypes(const Configuration& config);
 

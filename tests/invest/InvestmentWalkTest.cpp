@@ -122,6 +122,26 @@ TEST_F(InvestmentWalk, AlwaysSkipConfirmedAndLearned) {
               actioncode::alwaysSkip);
 }
 
+// The sign-dependent choice is learned as such and acts by each transaction's sign.
+TEST_F(InvestmentWalk, SignDependentChoiceFollowsEachSign) {
+    test::ScriptedDialogs dialogs;
+    OutputFormats writer{t.ctx, dialogs};
+    InvestmentQIF engine(t.ctx, dialogs, writer);
+    engine.qif = {record("TRADE", 50, true), record("TRADE", 20)};
+    for (InvestmentRecord& r : engine.qif) {
+        r.security = "Birch Fund";
+        r.shares = 2;
+    }
+    Securities(t.ctx.prefs)
+        .setSecuritiesArray(
+            Array{Value(Dictionary{{"Name", Value("Birch Fund")}, {"Symbol", Value("")}})});
+    dialogs.expectAsk("Investment Transaction: Unknown Transaction Type", 2 + 23);
+    engine.processInstructionsAndAppendToString(output, format, {});
+    EXPECT_EQ(output, "!Type:Invst\nD3/1/2024\nNBuy\nMTRADE\nYBirch Fund\nQ2.00\nI25.0000\n"
+                      "T50.00\n^\nD3/1/2024\nNSell\nMTRADE\nYBirch Fund\nQ2.00\nI10.0000\n"
+                      "T20.00\n^\n");
+}
+
 // Required fields are checked before the security is asked for, with the field named; a
 // number that is none, or a statement that names no type, is explained in its own words.
 TEST_F(InvestmentWalk, MissingRequiredFieldExplained) {
