@@ -107,3 +107,50 @@ generate_qif() {
         }
     }'
 }
+
+# generate_investment COUNT: an OFX investment statement (SGML) whose transactions cycle through
+# buys, dividends, reinvestments, sales and cash interest over five securities of its own list.
+generate_investment() {
+    awk -v count="$1" '
+    function draw(bound) { seed = (seed * 16807) % 2147483647; return seed % bound }
+    function trade(open, inner, subtag, units, total) {
+        printf "<%s><%s><INVTRAN><FITID>%d<DTTRADE>2024%02d%02d</INVTRAN>\n", open, inner, i,
+            draw(12) + 1, draw(28) + 1
+        printf "<SECID><UNIQUEID>SEC%d<UNIQUEIDTYPE>CUSIP</SECID><UNITS>%s<UNITPRICE>%d.25\n",
+            draw(5), units, draw(200) + 1
+        printf "<COMMISSION>4.95<TOTAL>%s</%s><%s>%s</%s>\n", total, inner, subtag,
+            open ~ /BUY/ ? "BUY" : "SELL", open
+    }
+    BEGIN {
+        seed = 20240101
+        printf "OFXHEADER:100\nDATA:OFXSGML\nVERSION:102\nSECURITY:NONE\nENCODING:USASCII\n"
+        printf "CHARSET:1252\nCOMPRESSION:NONE\nOLDFILEUID:NONE\nNEWFILEUID:NONE\n\n"
+        print "<OFX><INVSTMTMSGSRSV1><INVSTMTTRNRS><TRNUID>1<INVSTMTRS><DTASOF>20241231<CURDEF>USD"
+        print "<INVACCTFROM><BROKERID>broker.test<ACCTID>7000123</INVACCTFROM>"
+        print "<INVTRANLIST><DTSTART>20240101<DTEND>20241231"
+        for (i = 0; i < count; i++) {
+            kind = i % 5
+            if (kind == 0) trade("BUYSTOCK", "INVBUY", "BUYTYPE", draw(90) + 10, "-" (draw(9000) + 1) ".10")
+            else if (kind == 1) trade("SELLSTOCK", "INVSELL", "SELLTYPE", "-" (draw(9) + 1), (draw(900) + 1) ".40")
+            else if (kind == 2) {
+                printf "<INCOME><INVTRAN><FITID>%d<DTTRADE>2024%02d%02d<MEMO>Dividend %d</INVTRAN>\n",
+                    i, draw(12) + 1, draw(28) + 1, i % 97
+                printf "<SECID><UNIQUEID>SEC%d<UNIQUEIDTYPE>CUSIP</SECID><INCOMETYPE>DIV<TOTAL>%d.%02d</INCOME>\n",
+                    draw(5), draw(500) + 1, draw(100)
+            } else if (kind == 3) {
+                printf "<REINVEST><INVTRAN><FITID>%d<DTTRADE>2024%02d%02d</INVTRAN>\n", i,
+                    draw(12) + 1, draw(28) + 1
+                printf "<SECID><UNIQUEID>SEC%d<UNIQUEIDTYPE>CUSIP</SECID><INCOMETYPE>DIV<TOTAL>-%d.50<UNITS>1.%03d<UNITPRICE>%d.10</REINVEST>\n",
+                    draw(5), draw(90) + 10, draw(1000), draw(50) + 5
+            } else {
+                printf "<INVBANKTRAN><STMTTRN><TRNTYPE>INT<DTPOSTED>2024%02d%02d<TRNAMT>0.%02d<FITID>%d<NAME>Interest</STMTTRN></INVBANKTRAN>\n",
+                    draw(12) + 1, draw(28) + 1, draw(99) + 1, i
+            }
+        }
+        print "</INVTRANLIST></INVSTMTRS></INVSTMTTRNRS></INVSTMTMSGSRSV1>"
+        print "<SECLISTMSGSRSV1><SECLIST>"
+        for (s = 0; s < 5; s++)
+            printf "<STOCKINFO><SECINFO><SECID><UNIQUEID>SEC%d<UNIQUEIDTYPE>CUSIP</SECID><SECNAME>Holding %d, Inc<TICKER>HLD%d</SECINFO></STOCKINFO>\n", s, s, s
+        print "</SECLIST></SECLISTMSGSRSV1></OFX>"
+    }'
+}

@@ -20,6 +20,7 @@ int preferenceFile(const std::uint8_t* data, std::size_t size);
 int continuationFile(const std::uint8_t* data, std::size_t size);
 int formatFile(const std::uint8_t* data, std::size_t size);
 int textEngine(const std::uint8_t* data, std::size_t size);
+int investmentReader(const std::uint8_t* data, std::size_t size);
 
 struct Target {
     std::string_view name; // also the folder of its corpus: fuzz/corpus/<name>
@@ -36,6 +37,7 @@ inline constexpr Target kTargets[] = {
     {"continuation_file", continuationFile},
     {"format_file", formatFile},
     {"text_engine", textEngine},
+    {"investment_reader", investmentReader},
 };
 
 } // namespace tavvel::fuzz

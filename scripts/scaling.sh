@@ -1,11 +1,12 @@
 #!/usr/bin/env bash
 # A guard against work that grows faster than the statement: tavvel-cli --batch converts
 # generated statements of 50,000 and 200,000 transactions of every input kind (OFX bank SGML
-# and XML, OFX credit card, QIF, CSV through an input format), and the script fails when the
+# and XML, OFX credit card, QIF, CSV through an input format, OFX investment), and the script fails when the
 # 200,000 run takes more than 6 times the 50,000 one. A linear reader or walk stays near 4;
 # quadratic growth gives 16, so machine noise cannot trip it. Each time is the best of three.
 #
-# Usage: scripts/scaling.sh [TAVVEL_CLI]   (default build/bin/tavvel-cli)
+# Usage: scripts/scaling.sh [TAVVEL_CLI]   (default build/bin/tavvel-cli); SCALING_KINDS may
+# name some of the kinds alone.
 # Statements and outputs go to a folder under TMPDIR, removed at the end.
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -29,6 +30,7 @@ statement() {
     ofx-card) generate "$2" sgml card ;;
     qif) generate_qif "$2" ;;
     csv) generate_csv "$2" ;;
+    ofx-invest) generate_investment "$2" ;;
     esac >"$3"
 }
 
@@ -53,7 +55,7 @@ best_seconds() {
 
 status=0
 printf '%-9s %12s %12s %10s %8s\n' kind "50k s" "200k s" "200k MB/s" ratio
-for kind in ofx-sgml ofx-xml ofx-card qif csv; do
+for kind in ${SCALING_KINDS:-ofx-sgml ofx-xml ofx-card qif csv ofx-invest}; do
     statement "$kind" "$small" "$work/small"
     statement "$kind" "$large" "$work/large"
     t_small=$(best_seconds "$work/small" "$small")

@@ -2,6 +2,7 @@
 
 #include "bank/QifInputTypes.h"
 #include "formats/TransactionKeys.h"
+#include "invest/InvestmentContinuation.h"
 
 #include <algorithm>
 
@@ -64,8 +65,11 @@ bool isTransaction(const Value& transaction) {
 
 bool resumableContinuation(const Dictionary& record) {
     using T = Value::Type;
+    // An investment walk keeps its transactions under their own key, checked by its engine.
+    bool investment = has(record, icontkey::iqif);
+    if (investment && !resumableInvestmentContinuation(record))
+        return false;
     constexpr std::pair<std::string_view, T> shape[] = {
-        {contkey::qif, T::array},
         {contkey::fileAsString, T::string},
         {contkey::currentTransactionIndex, T::integer},
         {contkey::numberOfTransactionsAppended, T::integer},
@@ -78,6 +82,10 @@ bool resumableContinuation(const Dictionary& record) {
     for (auto [key, type] : shape)
         if (!hasType(record, key, type))
             return false;
+    if (investment)
+        return true;
+    if (!hasType(record, contkey::qif, T::array))
+        return false;
     // An input type the program never offered would change amounts nobody asked to change.
     const Value* tag = find(record, contkey::inputTypeTag);
     constexpr std::int64_t known = kQifSwapDescriptionAndMemo | kQifReverseSigns;

@@ -25,7 +25,7 @@ inline constexpr std::string_view account = "account";
 inline constexpr std::string_view inputTypeTag = "inputTypeTag";
 } // namespace contkey
 
-// Whether the record can be resumed by the bank and credit-card walk.
+// Whether the record can be resumed by the bank and credit-card walk, or the investment walk.
 bool resumableContinuation(const Dictionary& record);
 
 } // namespace tavvel

@@ -144,6 +144,9 @@ private:
     bool readTransactions(Date from, Date to);
     void recordRunSettings(std::optional<Date> from, std::optional<Date> to);
     RunEnd processInstructionsDidEnd(const WalkResult& result);
+    RunEnd processInvestmentOFX(Date from, Date to);
+    RunEnd processInvestmentText(Date from, Date to);
+    RunEnd resumeInvestment();
     RunEnd saveContinuation(Dictionary record);
     WalkOptions walkOptions() const;
 
@@ -169,6 +172,8 @@ private:
     std::string outputFilePath_;
     std::string outputFileAsString_;
     std::string lastTitle_, lastMessage_;
+    // What the investment walk left out, told after the count of what it wrote.
+    std::string closingNote_;
     OutputFormats writer_;
     RunForm form_;
     ErrorWarning warning_;

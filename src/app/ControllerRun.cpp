@@ -16,6 +16,7 @@
 #include "formats/Extract.h"
 #include "formats/ExtractKeys.h"
 #include "formats/OutputFormatKeys.h"
+#include "invest/InvestmentContinuation.h"
 #include "knowledge/Accounts.h"
 #include "knowledge/Formats.h"
 #include "prefs/Files.h"
@@ -27,6 +28,7 @@
 #include "recognize/StatementKind.h"
 
 #include <filesystem>
+#include <utility>
 
 namespace tavvel {
 
@@ -233,7 +235,8 @@ bool Controller::readTransactions(Date from, Date to) {
             doneWithFile();
             return false;
         }
-        // Investment text is not read yet: it is refused as a format that does not fit.
+        // Investment text never comes here (the investment engine reads it); a format of that
+        // kind met here is refused as one that does not fit.
         bool read = textOf(*format, fmtkey::FormatType) != fmtkey::Investment &&
                     reader_.fromFormattedText(textAsRead(fileAsString_, *format), *format, from, to,
                                               warning_);
@@ -277,6 +280,10 @@ RunEnd Controller::actuallyProcessTheTransactions() {
                                         Accounts(ctx_.prefs).typeForAccount(form_.accountText));
     writer_.setAccount(account_.value_or(""));
     DateRange all{kDistantPast, kDistantFuture};
+    if (gType_ == kTypeInvestment && !doingExtract_ && looksLikeOfx(fileAsString_))
+        return processInvestmentOFX(range.value_or(all).from, range.value_or(all).to);
+    if (gType_ == kTypeInvestment && doingExtract_)
+        return processInvestmentText(range.value_or(all).from, range.value_or(all).to);
     if (!readTransactions(range.value_or(all).from, range.value_or(all).to))
         return RunEnd::stopped;
     // The walk's error warnings can be silenced for the input format the text was read with.
@@ -293,6 +300,8 @@ RunEnd Controller::actuallyProcessTheTransactions() {
 // stored record, whose output so far already holds the header and the accepted transactions.
 RunEnd Controller::resume() {
     writer_.setAccount(account_.value_or(""));
+    if (has(*continuationData_, icontkey::iqif))
+        return resumeInvestment();
     reader_.setQifInputType(inputTypeTag());
     WalkResult result = reader_.continueWith(*continuationData_, outputFileAsString_, writer_,
                                              warning_, dialogs_, instructions_, walkOptions());
@@ -357,6 +366,7 @@ RunEnd Controller::processInstructionsDidEnd(const WalkResult& result) {
             end = RunEnd::writeFailed;
         }
     }
+    lastMessage_ += std::exchange(closingNote_, {});
     doneWithFile();
     dialogs_.alert(lastTitle_, lastMessage_);
     return end;

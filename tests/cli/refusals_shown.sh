@@ -2,8 +2,8 @@
 # What the program says when it refuses a file or cannot write, and the questions it asks on
 # the way, written out whole: an output place that is missing or no file, a continuation file
 # that is none or holds no stopped run, QIF lists it will not import, OFX transactions that lack
-# an amount or a type, an investment OFX it cannot read, and dates that read either way on a
-# day-first system.
+# an amount or a type, an investment OFX none of whose transactions it can read, and dates that
+# read either way on a day-first system.
 source "$(dirname "$0")/lib/setup.bash" "$1"
 first_start
 

@@ -209,7 +209,8 @@ void Scenario::addAmountInstruction(const std::string& line) {
 // "NAME SEPARATOR ITEM,ITEM,...": a delimited layout writing every item listed.
 void Scenario::addLayout(const std::string& line) {
     auto [name, rest] = split(line, " ");
-    auto [separator, items] = split(rest, " ");
+    auto [separator, itemsAndType] = split(rest, " ");
+    auto [items, type] = split(itemsAndType, " ");
     Array order = list(items, ",");
     Array present(order.size(), Value(true));
     Array formats = t_.ctx.prefs.objectForKey(prefkey::OutputFormats)
@@ -219,6 +220,8 @@ void Scenario::addLayout(const std::string& line) {
                                     {"Separator", Value(separator)},
                                     {"Order", Value(order)},
                                     {"Present", Value(present)}});
+    if (!type.empty())
+        formats.back().get<Dictionary>()->insert_or_assign("Type", Value(type));
     t_.ctx.prefs.setObject(prefkey::OutputFormats, Value(formats));
 }
 
@@ -275,6 +278,14 @@ void Scenario::applyPrefs(const std::string& body) {
                 accounts.emplace_back(Dictionary{{"Name", Value(name)}, {"Type", Value(type)}});
             }
             prefs.setObject(prefkey::Accounts, Value(accounts));
+        } else if (verb == "securities") {
+            Array securities;
+            for (const Value& entry : list(rest)) {
+                auto [name, symbol] = split(entry.text(), ":");
+                securities.emplace_back(
+                    Dictionary{{"Name", Value(name)}, {"Symbol", Value(symbol)}});
+            }
+            prefs.setObject(prefkey::Securities, Value(securities));
         } else if (verb == "instruction") {
             addInstruction(rest);
         } else if (verb == "amount-instruction") {
