@@ -42,6 +42,8 @@ public:
     // The layout the run writes; also the account named in "Account" columns.
     void chooseFormat(std::string_view name);
     const std::string& chosenFormatName() const { return chosenName_; }
+    // A layout that is not (yet) stored, as the editor previews it.
+    void useLayout(std::optional<Dictionary> layout);
     std::string account;
 
     // QIFOutput
@@ -49,6 +51,8 @@ public:
 
     // produceBankCCOutput:date:description:memo:amount:number:category:cleared:splits:
     void produceBankCCOutput(std::string& output, const BankOutput& transaction);
+    // The same without registering the category: nothing is stored (a preview).
+    void writeBankCCRecord(std::string& output, const BankOutput& transaction);
     // produceInvestmentOutput:... — only in a delimited layout; QIF investment records are
     // written by the investment engine.
     void produceInvestmentOutput(std::string& output, const InvestmentOutput& transaction);
