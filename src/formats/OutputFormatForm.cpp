@@ -104,6 +104,10 @@ std::optional<OutputFormatForm> OutputFormatForm::editing(TvPrefs& prefs,
     return OutputFormatForm(prefs, record, record);
 }
 
+std::string OutputFormatForm::storedName() const {
+    return original_ ? textOf(*original_, outkey::Name) : std::string();
+}
+
 std::string OutputFormatForm::title() const {
     if (isNew())
         return std::string(text::defineFormatTitle);
@@ -272,7 +276,7 @@ std::optional<std::size_t> OutputFormatForm::confirm() {
         problem_ = text::outputFormatNeedsColumn;
     if (!problem_.empty())
         return std::nullopt;
-    std::string originalName = original_ ? textOf(*original_, outkey::Name) : std::string();
+    std::string originalName = storedName();
     if (!equalIgnoringCase(originalName, name_))
         name_ = uniqueNameForName(prefs_, name_);
     Dictionary stored = record();

@@ -30,7 +30,10 @@ public:
     // The stored record to edit; the built-in "QIF" gives nothing.
     static std::optional<OutputFormatForm> editing(TvPrefs& prefs, const Dictionary& record);
 
+    TvPrefs& prefs() const { return prefs_; }
     bool isNew() const { return !original_; }
+    // The name the edited record is stored under; "" for a new format.
+    std::string storedName() const;
     std::string title() const;
     std::string confirmButtonTitle() const;
 

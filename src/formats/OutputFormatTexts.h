@@ -32,5 +32,7 @@ inline constexpr std::string_view outputFormatImportedText =
 inline constexpr std::string_view outputFormatFileRefused =
     "The file \"%@\" does not hold an output format.";
 inline constexpr std::string_view outputFormatFileExtension = "tvof";
+inline constexpr std::string_view outputFormatSaved = "The output format \"%@\" is saved.";
+inline constexpr std::string_view outputFormatDeleted = "The output format \"%@\" is deleted.";
 
 } // namespace tavvel::text
