@@ -46,8 +46,9 @@ FormCommand choice(std::string name, const std::vector<std::string_view>& titles
     std::string arguments = joined(titles);
     return {std::move(name), arguments, "choose one",
             [arguments, set = std::move(set)](const std::string& rest) {
+                // "Credit Card" may be typed with or without its quotes.
                 auto words = commandWords(rest);
-                if (words.size() != 1 || !set(words[0]))
+                if (!set(words.size() == 1 ? words[0] : rest))
                     return CommandReply::refused("Choose one of " + arguments + ".");
                 return CommandReply::shown();
             }};
