@@ -51,6 +51,6 @@ said "The file \"$tmp/bad.tvof\" does not hold an output format."
 run 1 --edit-output-format QIF
 said "The QIF output format is built in and cannot be changed or deleted."
 printf '%s\n' delete | "$cli" --edit-output-format Books2 >/dev/null 2>"$tmp/err"
-said 'Delete the output format "Books2"?  This cannot be undone.' 'The output format "Books2" is deleted.'
+said "Delete Output Format" 'Delete the output format "Books2"?  This cannot be undone.' 'The output format "Books2" is deleted.'
 run 0 --list output-formats
 same "$tmp/out" $'Books\tBank\tTab\nQIF\n'

@@ -177,8 +177,15 @@ TEST_F(InstructionEditing, TheListSearchesAndSortsAndFollowsEdits) {
     };
     EXPECT_EQ(rows(), "ACME STORE/Food;BAKERY/Food;Dining/Aaa;GARAGE/Auto;");
     EXPECT_EQ(list.matchKind(2), "category");
+    InstructionEditor byInputCategory(prefs, list.instructionAt(2));
+    EXPECT_EQ(byInputCategory.matchLabel(), "  When input QIF has category:");
+    EXPECT_EQ(byInputCategory.matchHelp(), "");
+    byInputCategory.setMatch("Dining Out");
+    ASSERT_TRUE(byInputCategory.save(dialogs));
+    EXPECT_EQ(textOf(*instructions.instructionFor("Dining Out"), "categoryMatch"), "Dining Out");
+    list.refresh();
     list.sortBy(InstructionList::SortBy::category);
-    EXPECT_EQ(rows(), "Dining/Aaa;GARAGE/Auto;ACME STORE/Food;BAKERY/Food;");
+    EXPECT_EQ(rows(), "Dining Out/Aaa;GARAGE/Auto;ACME STORE/Food;BAKERY/Food;");
     list.search("foo");
     EXPECT_EQ(rows(), "ACME STORE/Food;BAKERY/Food;");
     list.search("ery\tf"); // never across fields
@@ -189,7 +196,7 @@ TEST_F(InstructionEditing, TheListSearchesAndSortsAndFollowsEdits) {
     editor.setCategory("Bread");
     editor.save(dialogs);
     list.refresh();
-    EXPECT_EQ(rows(), "Dining/Aaa;GARAGE/Auto;BAKERY/Bread;ACME STORE/Food;");
+    EXPECT_EQ(rows(), "Dining Out/Aaa;GARAGE/Auto;BAKERY/Bread;ACME STORE/Food;");
 }
 
 } // namespace
