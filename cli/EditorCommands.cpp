@@ -8,7 +8,6 @@
 #include "formats/OutputFormatFiles.h"
 #include "formats/OutputFormatKeys.h"
 #include "formats/OutputFormatStore.h"
-#include "formats/OutputFormatTexts.h"
 
 namespace tavvel {
 
@@ -27,29 +26,6 @@ void listOutputFormats(const TvPrefs& prefs, std::ostream& out) {
     }
 }
 
-int exportTo(Context& ctx, Dialogs& dialogs, const std::string& name, const std::string& file) {
-    if (!exportOutputFormat(ctx.prefs, name, file)) {
-        dialogs.alert(std::string(text::outputFormatExportedTitle),
-                      formatMessage(text::noOutputFormatNamed, name));
-        return kExitRefused;
-    }
-    dialogs.alert(std::string(text::outputFormatExportedTitle),
-                  formatMessage(text::outputFormatExportedText, {name, file}));
-    return kExitOK;
-}
-
-int importFrom(Context& ctx, Dialogs& dialogs, const std::string& file) {
-    std::optional<std::string> name = importOutputFormat(ctx.prefs, file);
-    if (!name) {
-        dialogs.alert(std::string(text::outputFormatImportedTitle),
-                      formatMessage(text::outputFormatFileRefused, file));
-        return kExitRefused;
-    }
-    dialogs.alert(std::string(text::outputFormatImportedTitle),
-                  formatMessage(text::outputFormatImportedText, *name));
-    return kExitOK;
-}
-
 } // namespace
 
 std::optional<int> editorCommand(const CliOptions& options, Context& ctx, TerminalDialogs& dialogs,
@@ -59,10 +35,13 @@ std::optional<int> editorCommand(const CliOptions& options, Context& ctx, Termin
         return kExitOK;
     }
     if (options.exportOutputFormat)
-        return exportTo(ctx, dialogs, options.exportOutputFormat->first,
-                        options.exportOutputFormat->second);
+        return exportOutputFormatTelling(ctx.prefs, options.exportOutputFormat->first,
+                                         options.exportOutputFormat->second, dialogs)
+                   ? kExitOK
+                   : kExitRefused;
     if (options.inputFile && isOutputFormatFile(*options.inputFile))
-        return importFrom(ctx, dialogs, *options.inputFile);
+        return importOutputFormatTelling(ctx.prefs, *options.inputFile, dialogs) ? kExitOK
+                                                                                 : kExitRefused;
     if (options.editOutputFormat)
         return editOutputFormat(ctx, dialogs, *options.editOutputFormat, in, out);
     if (options.editInstructions)

@@ -1,5 +1,7 @@
 #include "formats/OutputFormatFiles.h"
 
+#include "dialogs/Dialogs.h"
+#include "dialogs/MessageFormat.h"
 #include "formats/OutputFormatKeys.h"
 #include "formats/OutputFormatStore.h"
 #include "formats/OutputFormatTexts.h"
@@ -34,6 +36,29 @@ std::optional<std::string> importOutputFormat(TvPrefs& prefs, const std::filesys
     (*record)[std::string(outkey::Name)] = Value(name);
     addOutputFormat(prefs, *record);
     return name;
+}
+
+bool exportOutputFormatTelling(const TvPrefs& prefs, std::string_view name,
+                               const std::filesystem::path& file, Dialogs& dialogs) {
+    const std::string title(text::outputFormatExportedTitle);
+    if (!exportOutputFormat(prefs, name, file)) {
+        dialogs.alert(title, formatMessage(text::noOutputFormatNamed, name));
+        return false;
+    }
+    dialogs.alert(title, formatMessage(text::outputFormatExportedText, {name, file.string()}));
+    return true;
+}
+
+bool importOutputFormatTelling(TvPrefs& prefs, const std::filesystem::path& file,
+                               Dialogs& dialogs) {
+    const std::string title(text::outputFormatImportedTitle);
+    std::optional<std::string> name = importOutputFormat(prefs, file);
+    if (!name) {
+        dialogs.alert(title, formatMessage(text::outputFormatFileRefused, file.string()));
+        return false;
+    }
+    dialogs.alert(title, formatMessage(text::outputFormatImportedText, *name));
+    return true;
 }
 
 } // namespace tavvel

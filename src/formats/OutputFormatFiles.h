@@ -12,6 +12,8 @@
 
 namespace tavvel {
 
+class Dialogs;
+
 bool isOutputFormatFile(const std::filesystem::path& file);
 
 // Writes the stored format of that name (ignoring case); false for an unknown name, "QIF" or
@@ -25,5 +27,11 @@ std::optional<Dictionary> readOutputFormatFile(const std::filesystem::path& file
 // Reads and stores the format; the name it was stored under, or nothing (and nothing
 // changed) when the file holds no output format.
 std::optional<std::string> importOutputFormat(TvPrefs& prefs, const std::filesystem::path& file);
+
+// The same, saying what was done or why nothing was ("Output Format Exported" / "Output
+// Format Imported").
+bool exportOutputFormatTelling(const TvPrefs& prefs, std::string_view name,
+                               const std::filesystem::path& file, Dialogs& dialogs);
+bool importOutputFormatTelling(TvPrefs& prefs, const std::filesystem::path& file, Dialogs& dialogs);
 
 } // namespace tavvel
