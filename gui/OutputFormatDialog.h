@@ -22,6 +22,8 @@ class Dialogs;
 
 namespace tavvel::gui {
 
+class QtDialogs;
+
 class OutputFormatDialog : public QDialog {
     Q_OBJECT
 public:
@@ -54,7 +56,7 @@ private:
 class OutputFormatListDialog : public QDialog {
     Q_OBJECT
 public:
-    OutputFormatListDialog(Context& ctx, Dialogs& dialogs, QWidget* parent);
+    OutputFormatListDialog(Context& ctx, QtDialogs& dialogs, QWidget* parent);
 
     QListWidget* names() const { return names_; }
     // Opens the form for a new format (no name) or the named one; true when it was saved.
@@ -69,7 +71,7 @@ private:
     void import();
 
     Context& ctx_;
-    Dialogs& dialogs_;
+    QtDialogs& dialogs_;
     QListWidget* names_;
 };
 
