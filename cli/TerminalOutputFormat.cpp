@@ -155,18 +155,11 @@ CommandList formCommands(Form& form, Dialogs& dialogs, Outcome& outcome) {
     return list;
 }
 
-std::optional<Form> openForm(TvPrefs& prefs, std::string_view name) {
-    std::optional<Dictionary> stored = outputFormatNamed(prefs, name);
-    if (!stored)
-        return Form::newFormat(prefs, name);
-    return Form::editing(prefs, *stored);
-}
-
 } // namespace
 
 int editOutputFormat(Context& ctx, TerminalDialogs& dialogs, std::string_view name,
                      std::istream& in, std::ostream& out) {
-    std::optional<Form> form = openForm(ctx.prefs, name);
+    std::optional<Form> form = Form::open(ctx.prefs, name);
     if (!form) {
         out << text::outputFormatBuiltIn << "\n";
         return kExitRefused;

@@ -104,6 +104,12 @@ std::optional<OutputFormatForm> OutputFormatForm::editing(TvPrefs& prefs,
     return OutputFormatForm(prefs, record, record);
 }
 
+std::optional<OutputFormatForm> OutputFormatForm::open(TvPrefs& prefs, std::string_view name) {
+    if (std::optional<Dictionary> stored = outputFormatNamed(prefs, name))
+        return editing(prefs, *stored);
+    return newFormat(prefs, name);
+}
+
 std::string OutputFormatForm::storedName() const {
     return original_ ? textOf(*original_, outkey::Name) : std::string();
 }

@@ -29,6 +29,9 @@ public:
                                       std::optional<std::string_view> forceType = std::nullopt);
     // The stored record to edit; the built-in "QIF" gives nothing.
     static std::optional<OutputFormatForm> editing(TvPrefs& prefs, const Dictionary& record);
+    // editFormatAtIndex:withName:forceType: by name — the stored format of that name (ignoring
+    // case) to edit, else a new one under it; nothing for "QIF".
+    static std::optional<OutputFormatForm> open(TvPrefs& prefs, std::string_view name);
 
     TvPrefs& prefs() const { return prefs_; }
     bool isNew() const { return !original_; }
