@@ -268,7 +268,6 @@ InstructionListDialog::InstructionListDialog(TvPrefs& prefs, QtDialogs& dialogs,
     view_->setSelectionMode(QAbstractItemView::SingleSelection);
     view_->setSortingEnabled(true);
     view_->horizontalHeader()->setSortIndicator(matchColumn, Qt::AscendingOrder);
-    view_->horizontalHeader()->setStretchLastSection(true);
     view_->verticalHeader()->hide();
     auto* edit = new QPushButton(tr("Edit…"), this);
     auto* close = new QDialogButtonBox(QDialogButtonBox::Close, this);
@@ -286,7 +285,9 @@ InstructionListDialog::InstructionListDialog(TvPrefs& prefs, QtDialogs& dialogs,
     layout->addWidget(search_);
     layout->addWidget(view_);
     layout->addWidget(close);
-    resize(720, 480);
+    // Stretched, not sized to contents: measuring every row of a long list would freeze it.
+    view_->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    setMinimumSize(720, 360);
 }
 
 InstructionListDialog::~InstructionListDialog() = default;
