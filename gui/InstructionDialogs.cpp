@@ -109,16 +109,7 @@ InstructionDialog::InstructionDialog(InstructionEditor& editor, Dialogs& dialogs
     categoryNote_ = noteLabel(this, "categoryNote");
     form->addRow(tr("Category:"), category_);
     form->addRow(QString(), categoryNote_);
-    SplitTable& table = editor.splits();
-    splits_ = new SplitTableWidget(
-        bindSplitTable([&table]() -> const SplitTable& { return table; },
-                       [&table](std::size_t r, SplitColumn c, std::string t) {
-                           table.setCell(r, c, std::move(t));
-                       },
-                       [&table] { table.addBlankRow(); }, [&table] { table.deleteSelectedRow(); },
-                       [&table](std::optional<std::size_t> r) { table.select(r); },
-                       [](std::size_t) { return std::string(); }),
-        this);
+    splits_ = splitTable();
     form->addRow(splits_);
     splitsButton_ = new QPushButton(this);
     form->addRow(QString(), splitsButton_);
@@ -127,7 +118,27 @@ InstructionDialog::InstructionDialog(InstructionEditor& editor, Dialogs& dialogs
     form->addRow(QString(), confirm_);
     form->addRow(QString(), number_);
     buildAmountPart(form);
+    auto* layout = new QVBoxLayout(this);
+    layout->addLayout(form);
+    layout->addWidget(buildButtons());
+    connectFields();
+    refresh();
+}
 
+SplitTableWidget* InstructionDialog::splitTable() {
+    SplitTable& table = editor_.splits();
+    return new SplitTableWidget(
+        bindSplitTable([&table]() -> const SplitTable& { return table; },
+                       [&table](std::size_t r, SplitColumn c, std::string t) {
+                           table.setCell(r, c, std::move(t));
+                       },
+                       [&table] { table.addBlankRow(); }, [&table] { table.deleteSelectedRow(); },
+                       [&table](std::optional<std::size_t> r) { table.select(r); },
+                       [](std::size_t) { return std::string(); }),
+        this);
+}
+
+QDialogButtonBox* InstructionDialog::buildButtons() {
     auto* buttons = new QDialogButtonBox(this);
     save_ = buttons->addButton(QDialogButtonBox::Save);
     delete_ =
@@ -142,10 +153,10 @@ InstructionDialog::InstructionDialog(InstructionEditor& editor, Dialogs& dialogs
         if (editor_.deleteInstruction(dialogs_))
             deleted_ = true, accept();
     });
-    auto* layout = new QVBoxLayout(this);
-    layout->addLayout(form);
-    layout->addWidget(buttons);
+    return buttons;
+}
 
+void InstructionDialog::connectFields() {
     auto onText = [this](QLineEdit* field, auto set) {
         connect(field, &QLineEdit::textEdited, this, [this, set](const QString& t) {
             set(core(t));
@@ -171,7 +182,6 @@ InstructionDialog::InstructionDialog(InstructionEditor& editor, Dialogs& dialogs
         refresh();
     });
     connect(splits_, &SplitTableWidget::changed, this, &InstructionDialog::refresh);
-    refresh();
 }
 
 void InstructionDialog::buildAmountPart(QFormLayout* form) {

@@ -11,6 +11,7 @@
 #include <string>
 
 class QCheckBox;
+class QDialogButtonBox;
 class QFormLayout;
 class QLabel;
 class QLineEdit;
@@ -61,6 +62,9 @@ public:
 
 private:
     void buildAmountPart(QFormLayout* form);
+    SplitTableWidget* splitTable();
+    QDialogButtonBox* buildButtons();
+    void connectFields();
     void refresh();
     void amountEdited();
 

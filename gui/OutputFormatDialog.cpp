@@ -44,21 +44,7 @@ OutputFormatDialog::OutputFormatDialog(OutputFormatForm& form, Context& ctx, Dia
                                        QWidget* parent)
     : QDialog(parent), form_(form), ctx_(ctx), dialogs_(dialogs) {
     setWindowTitle(qt(form.title()));
-    auto* fields = new QFormLayout;
-    name_ = new QLineEdit(this);
-    type_ = choices(OutputFormatForm::typeTitles(), this);
-    separator_ = choices(OutputFormatForm::separatorTitles(), this);
-    amount_ = choices(OutputFormatForm::amountTitles(), this);
-    splits_ = new QCheckBox(tr("Write every split (amount, category, memo)"), this);
-    reformat_ = new QCheckBox(tr("Rewrite dates as"), this);
-    pattern_ = new QLineEdit(this);
-    fields->addRow(tr("Name:"), name_);
-    fields->addRow(tr("Type:"), type_);
-    fields->addRow(tr("Separator:"), separator_);
-    fields->addRow(tr("Amount:"), amount_);
-    fields->addRow(QString(), splits_);
-    fields->addRow(reformat_, pattern_);
-
+    QFormLayout* fields = buildFields();
     columns_ = new QListWidget(this);
     columns_->setObjectName(QStringLiteral("columns"));
     columns_->setDragDropMode(QAbstractItemView::InternalMove);
@@ -83,7 +69,30 @@ OutputFormatDialog::OutputFormatDialog(OutputFormatForm& form, Context& ctx, Dia
     layout->addWidget(preview_);
     layout->addWidget(problem_);
     layout->addWidget(buttons);
+    connectFields();
+    refresh();
+}
 
+QFormLayout* OutputFormatDialog::buildFields() {
+    auto* fields = new QFormLayout;
+    name_ = new QLineEdit(this);
+    type_ = choices(OutputFormatForm::typeTitles(), this);
+    separator_ = choices(OutputFormatForm::separatorTitles(), this);
+    amount_ = choices(OutputFormatForm::amountTitles(), this);
+    splits_ = new QCheckBox(tr("Write every split (amount, category, memo)"), this);
+    reformat_ = new QCheckBox(tr("Rewrite dates as"), this);
+    pattern_ = new QLineEdit(this);
+    fields->addRow(tr("Name:"), name_);
+    fields->addRow(tr("Type:"), type_);
+    fields->addRow(tr("Separator:"), separator_);
+    fields->addRow(tr("Amount:"), amount_);
+    fields->addRow(QString(), splits_);
+    fields->addRow(reformat_, pattern_);
+
+    return fields;
+}
+
+void OutputFormatDialog::connectFields() {
     connect(name_, &QLineEdit::textEdited, this,
             [this](const QString& t) { form_.setName(core(t)); });
     auto chosen = [this](QComboBox* box, bool (OutputFormatForm::*set)(std::string_view)) {
@@ -111,7 +120,6 @@ OutputFormatDialog::OutputFormatDialog(OutputFormatForm& form, Context& ctx, Dia
             &OutputFormatDialog::columnsReordered);
     connect(columns_, &QListWidget::itemChanged, this,
             [this](QListWidgetItem* item) { columnTicked(columns_->row(item)); });
-    refresh();
 }
 
 void OutputFormatDialog::refresh() {

@@ -9,6 +9,7 @@
 
 class QCheckBox;
 class QComboBox;
+class QFormLayout;
 class QLabel;
 class QLineEdit;
 class QListWidget;
@@ -34,6 +35,8 @@ public:
     QPushButton* confirmButton() const { return confirm_; }
 
 private:
+    QFormLayout* buildFields();
+    void connectFields();
     void refresh();
     void columnsReordered();
     void columnTicked(int row);
