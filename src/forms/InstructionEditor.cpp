@@ -79,16 +79,17 @@ bool InstructionEditor::matchesTransaction(std::string_view text) const {
 void InstructionEditor::setMatch(std::string text) {
     markEdited();
     match_ = std::move(text);
+    bool fine =
+        mustMatch_ ? matchesTransaction(match_) : containsIgnoringCase(originalMatch_, match_);
+    // Opened for a transaction, the match must go on matching it whatever else is said.
+    if (mustMatch_)
+        matchAccepted_ = fine;
     if (!equalIgnoringCase(match_, originalMatch_) && Instructions(prefs_).instructionFor(match_)) {
         warning_ = text::replaceMatchWarning;
         return;
     }
-    bool fine =
-        mustMatch_ ? matchesTransaction(match_) : containsIgnoringCase(originalMatch_, match_);
     warning_ = fine ? std::string()
                     : std::string(mustMatch_ ? text::mustMatchWarning : text::freeMatchWarning);
-    if (mustMatch_)
-        matchAccepted_ = fine;
 }
 
 void InstructionEditor::setUseDescription(bool on) {

@@ -55,6 +55,10 @@ TEST_F(InstructionEditing, OpenedForATransactionTheMatchMustKeepMatchingIt) {
                                 "The instruction cannot be saved.");
     EXPECT_FALSE(editor.canSave());
     EXPECT_FALSE(editor.save(dialogs));
+    editor.setMatch("BAKERY"); // another instruction's match, which the transaction lacks
+    EXPECT_EQ(editor.warning(), "WARNING: An instruction with the above match already exists.  "
+                                "If you save changes it will be replaced.");
+    EXPECT_FALSE(editor.canSave());
     editor.setMatch("ACME");
     EXPECT_TRUE(editor.save(dialogs));
     EXPECT_EQ(storedMatches(), "ACME;BAKERY;GARAGE;");
