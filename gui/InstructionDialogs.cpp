@@ -32,6 +32,12 @@ QLabel* noteLabel(QWidget* parent, const char* name) {
     return label;
 }
 
+// Setting a field's text moves its cursor to the end: only a text the model changed is set.
+void showText(QLineEdit* field, const std::string& text) {
+    if (field->text() != qt(text))
+        field->setText(qt(text));
+}
+
 void showNote(QLabel* label, const std::string& text) {
     label->setText(qt(text));
     label->setVisible(!text.empty());
@@ -230,17 +236,16 @@ void InstructionDialog::refresh() {
     matchLabel_->setText(qt(editor_.matchLabel()));
     showNote(help_, editor_.matchHelp());
     showNote(warning_, editor_.warning());
-    if (match_->text() != qt(editor_.match()))
-        match_->setText(qt(editor_.match()));
+    showText(match_, editor_.match());
     useDescription_->setChecked(editor_.usesDescription());
     description_->setEnabled(editor_.usesDescription());
-    description_->setText(qt(editor_.newDescription()));
+    showText(description_, editor_.newDescription());
     useMemo_->setChecked(editor_.usesMemo());
     memo_->setEnabled(editor_.usesMemo());
-    memo_->setText(qt(editor_.newMemo()));
+    showText(memo_, editor_.newMemo());
     bool withSplits = !editor_.splits().empty();
     showRow(category_, !withSplits);
-    category_->setText(qt(editor_.category()));
+    showText(category_, editor_.category());
     showNote(categoryNote_, withSplits ? std::string() : editor_.categoryNote());
     splits_->setVisible(withSplits);
     splits_->refresh();
@@ -254,9 +259,9 @@ void InstructionDialog::refresh() {
           static_cast<QWidget*>(amountConfirm_)})
         w->setEnabled(amount);
     const auto& a = editor_.amountFields();
-    amountDescription_->setText(qt(a.description));
-    amountCategory_->setText(qt(a.category));
-    amountMemo_->setText(qt(a.memo));
+    showText(amountDescription_, a.description);
+    showText(amountCategory_, a.category);
+    showText(amountMemo_, a.memo);
     amountUseMemo_->setChecked(a.useMemo);
     amountConfirm_->setChecked(a.confirm);
     showNote(amountCategoryNote_, amount ? editor_.amountCategoryNote() : std::string());

@@ -114,7 +114,7 @@ void OutputFormatDialog::connectFields() {
     });
     connect(pattern_, &QLineEdit::textEdited, this, [this](const QString& t) {
         form_.setReformatDateFormat(core(t));
-        refresh();
+        showPreview();
     });
     connect(columns_->model(), &QAbstractItemModel::rowsMoved, this,
             &OutputFormatDialog::columnsReordered);
@@ -137,8 +137,12 @@ void OutputFormatDialog::refresh() {
         item->setFlags(item->flags() | Qt::ItemIsUserCheckable | Qt::ItemIsDragEnabled);
         item->setCheckState(column.present ? Qt::Checked : Qt::Unchecked);
     }
-    preview_->setPlainText(qt(form_.preview(ctx_, dialogs_)));
+    showPreview();
     filling_ = false;
+}
+
+void OutputFormatDialog::showPreview() {
+    preview_->setPlainText(qt(form_.preview(ctx_, dialogs_)));
 }
 
 // The list has its new order already; the form learns it one move at a time.
@@ -158,7 +162,7 @@ void OutputFormatDialog::columnTicked(int row) {
         return;
     form_.setPresent(static_cast<std::size_t>(row),
                      columns_->item(row)->checkState() == Qt::Checked);
-    preview_->setPlainText(qt(form_.preview(ctx_, dialogs_)));
+    showPreview();
 }
 
 void OutputFormatDialog::confirm() {

@@ -38,6 +38,7 @@ private:
     QFormLayout* buildFields();
     void connectFields();
     void refresh();
+    void showPreview();
     void columnsReordered();
     void columnTicked(int row);
     void confirm();

@@ -79,6 +79,12 @@ OutputFormatForm::OutputFormatForm(TvPrefs& prefs, Dictionary record,
         type_ = outkey::Bank;
     separator_ = textOf(record_, outkey::Separator, outkey::Comma);
     amountStyle_ = textOf(record_, outkey::Amount, outkey::AmountColumn);
+    // A record written without the editor's `Amount` key tells its style by its columns.
+    const Value* order = find(record_, outkey::Order);
+    if (!has(record_, outkey::Amount) && order &&
+        std::find(order->array().begin(), order->array().end(), Value("Credit")) !=
+            order->array().end())
+        amountStyle_ = outkey::CreditDebit;
     if (!offered(amountTitles(), amountStyle_))
         amountStyle_ = outkey::AmountColumn;
     const Value* splits = find(record_, outkey::SplitsOutput);

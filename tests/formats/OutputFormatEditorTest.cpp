@@ -83,6 +83,15 @@ TEST_F(OutputFormatEditor, TypeAndAmountStyleChangeTheColumnsOffered) {
     EXPECT_EQ(columns(form).substr(0, 48), "Date+ Type+ Description+ Memo+ Credit- Debit- Nu");
     form.setAmountStyle("Amount");
     EXPECT_EQ(columns(form).substr(0, 40), "Date+ Type+ Description+ Memo+ Amount- N");
+
+    // Written by hand, without the editor's Amount key: the columns tell the style.
+    Dictionary byHand{{"Name", Value("Hand")},
+                      {"Order", Value(Array{Value("Date"), Value("Credit"), Value("Debit")})},
+                      {"Present", Value(Array{Value(true), Value(true), Value(false)})}};
+    auto edited = OutputFormatForm::editing(prefs, byHand);
+    EXPECT_EQ(edited->amountStyle(), "Credit/Debit");
+    EXPECT_EQ(columns(*edited).substr(0, 23), "Date+ Credit+ Debit- Nu");
+    EXPECT_FALSE(edited->columnIndex("Amount"));
 }
 
 TEST_F(OutputFormatEditor, EditingKeepsUnknownKeysAndReplacesTheRecordInOneWrite) {
