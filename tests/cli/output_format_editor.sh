@@ -21,6 +21,15 @@ same "$tmp/out" $'Ledger\tBank\tComma\nQIF\n'
 run 0 --batch --output-format Ledger -o "$tmp/january.csv" "$tmp/january.qif"
 same "$tmp/january.csv" $'Groceries,2.1.2024,"FRESH, FOODS",-54.20\nIncome,5.1.2024,SALARY,"1,000.00"\n'
 
+# A card layout that writes every split as amount, category and memo.
+printf '%s\n' 'type "Credit Card"' 'columns Date Amount Splits' 'splits on' save |
+    "$cli" --edit-output-format Cards >/dev/null 2>"$tmp/err"
+printf '%s\n' '!Type:CCard' 'D1/02/2024' 'T-54.20' 'PCORNER SHOP' 'SGroceries' 'Efood, fresh' '$-30.00' \
+    'SHousehold' 'Esoap' '$-24.20' '^' >"$tmp/card.qif"
+run 0 --batch --output-format Cards -o "$tmp/card.csv" "$tmp/card.qif"
+same "$tmp/card.csv" $'1/2/2024,-54.20,-30.00,Groceries,"food, fresh",-24.20,Household,soap\n'
+printf '%s\n' delete | "$cli" --edit-output-format Cards >/dev/null 2>&1
+
 # Cancelled: nothing changes, however much was typed.
 cp "$prefs" "$tmp/before.prefs"
 printf '%s\n' 'name Other' 'hide Date' help cancel | "$cli" --edit-output-format ledger >/dev/null 2>"$tmp/err"
