@@ -20,6 +20,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <functional>
 
 namespace tavvel::gui {
 
@@ -95,15 +96,16 @@ QFormLayout* OutputFormatDialog::buildFields() {
 void OutputFormatDialog::connectFields() {
     connect(name_, &QLineEdit::textEdited, this,
             [this](const QString& t) { form_.setName(core(t)); });
-    auto chosen = [this](QComboBox* box, bool (OutputFormatForm::*set)(std::string_view)) {
-        connect(box, &QComboBox::currentTextChanged, this, [this, set](const QString& t) {
-            if (!filling_ && (form_.*set)(core(t)))
-                refresh();
-        });
+    auto chosen = [this](QComboBox* box, std::function<bool(std::string_view)> set) {
+        connect(box, &QComboBox::currentTextChanged, this,
+                [this, set = std::move(set)](const QString& t) {
+                    if (!filling_ && set(core(t)))
+                        refresh();
+                });
     };
-    chosen(type_, &OutputFormatForm::setType);
-    chosen(separator_, &OutputFormatForm::setSeparator);
-    chosen(amount_, &OutputFormatForm::setAmountStyle);
+    chosen(type_, [this](std::string_view t) { return form_.setType(t); });
+    chosen(separator_, [this](std::string_view t) { return form_.setSeparator(t); });
+    chosen(amount_, [this](std::string_view t) { return form_.setAmountStyle(t); });
     connect(splits_, &QCheckBox::toggled, this, [this](bool on) {
         if (!filling_)
             form_.setEverySplit(on), refresh();
