@@ -79,6 +79,18 @@ void addSettingOptions(CLI::App& app, CliOptions& options) {
     app.add_flag("--settings", options.printSettings, "Print every option and valued setting");
 }
 
+void addEditorOptions(CLI::App& app, CliOptions& options, std::vector<std::string>& exportTo) {
+    app.add_option("--edit-output-format", options.editOutputFormat,
+                   "Edit the output format NAME, or define it when there is none, as a typed form")
+        ->type_name("NAME");
+    app.add_flag("--edit-instructions", options.editInstructions,
+                 "Search, edit and delete the instructions, as a typed form");
+    app.add_option("--export-output-format", exportTo,
+                   "Save the output format NAME in FILE (.tvof); open the file to import it")
+        ->expected(2)
+        ->type_name("NAME FILE");
+}
+
 } // namespace
 
 bool RunOptions::setsForm() const {
@@ -100,8 +112,8 @@ CliParse parseCommandLine(const std::vector<std::string>& args) {
     addSettingOptions(app, options);
     addRunOptions(app, options.run);
     app.add_option("file", file,
-                   "Statement to convert (OFX, QFX, QIF or text), or an input format to import "
-                   "(.tvfm)")
+                   "Statement to convert (OFX, QFX, QIF or text), or an input format (.tvfm) or "
+                   "output format (.tvof) to import")
         ->check(CLI::ExistingFile)
         ->check(CLI::Validator(refuseNonFile, ""));
     std::vector<std::string> exportFormat;
@@ -113,8 +125,11 @@ CliParse parseCommandLine(const std::vector<std::string>& args) {
         ->type_name("NAME");
     std::string list;
     std::vector<std::string> lists(knowledgeLists().begin(), knowledgeLists().end());
+    lists.push_back(kOutputFormatsList);
     app.add_option("--list", list, "Print a list of the knowledge base")
         ->check(CLI::IsMember(lists));
+    std::vector<std::string> exportOutputFormat;
+    addEditorOptions(app, options, exportOutputFormat);
 
     std::vector<std::string> reversed(args.rbegin(), args.rend());
     if (!reversed.empty())
@@ -136,6 +151,8 @@ CliParse parseCommandLine(const std::vector<std::string>& args) {
         options.exportFormat = std::pair(exportFormat[0], exportFormat[1]);
     if (!list.empty())
         options.list = list;
+    if (exportOutputFormat.size() == 2)
+        options.exportOutputFormat = std::pair(exportOutputFormat[0], exportOutputFormat[1]);
     return {options, 0, {}};
 }
 

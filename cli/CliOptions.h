@@ -43,11 +43,18 @@ struct CliOptions {
     RunOptions run;
     // --export-format NAME FILE
     std::optional<std::pair<std::string, std::string>> exportFormat;
-    // --list instructions|descriptions|categories|accounts|securities|formats
+    // --list instructions|descriptions|categories|accounts|securities|formats|output-formats
     std::optional<std::string> list;
+    // --edit-output-format NAME, --edit-instructions, --export-output-format NAME FILE
+    std::optional<std::string> editOutputFormat;
+    bool editInstructions = false;
+    std::optional<std::pair<std::string, std::string>> exportOutputFormat;
     // --learn NAME: learn the input format NAME from the text statement before the run.
     std::optional<std::string> learn;
 };
+
+// The name --list gives the output formats.
+inline constexpr const char* kOutputFormatsList = "output-formats";
 
 struct CliParse {
     std::optional<CliOptions> options; // nothing: exit with `exitCode` after printing `output`

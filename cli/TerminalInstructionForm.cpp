@@ -1,6 +1,7 @@
 #include "TerminalInstructionForm.h"
 
 #include "FormCommands.h"
+#include "FormFields.h"
 #include "TerminalDialogs.h"
 #include "TerminalSplits.h"
 
@@ -10,26 +11,6 @@ namespace {
 
 using Splits = NewInstructionForm::Splits;
 using Form = NewInstructionForm;
-
-// The match labels end in their own colon.
-void field(std::ostream& out, std::string_view label, std::string_view value) {
-    out << "  " << label << (label.ends_with(':') ? " " : ": ") << terminalText(std::string(value))
-        << "\n";
-}
-
-void note(std::ostream& out, std::string_view text) {
-    if (!text.empty())
-        out << "      " << text << "\n";
-}
-
-// A text with a use switch: off, or the text in quotes.
-std::string used(bool on, const std::string& text) {
-    return on ? "\"" + text + "\"" : std::string("off");
-}
-
-std::string_view onOffText(bool on) {
-    return on ? "on" : "off";
-}
 
 void printTransaction(const Form& form, std::ostream& out) {
     field(out, "Date", form.date());
@@ -94,36 +75,6 @@ FormCommand finishing(std::string name, std::string help, NewInstructionAction w
                 answer = what;
                 return CommandReply::done();
             }};
-}
-
-FormCommand textField(std::string name, std::string arguments, std::string help,
-                      std::function<void(const std::string&)> set) {
-    return {std::move(name), std::move(arguments), std::move(help),
-            [set = std::move(set)](const std::string& rest) {
-                set(rest);
-                return CommandReply::shown();
-            }};
-}
-
-FormCommand toggle(std::string name, std::string help, std::function<void(bool)> set) {
-    return {std::move(name), "on|off", std::move(help),
-            [set = std::move(set)](const std::string& rest) {
-                auto on = onOff(rest);
-                if (!on)
-                    return CommandReply::refused("Type on or off.");
-                set(*on);
-                return CommandReply::shown();
-            }};
-}
-
-// A text with a use switch: the text typed switches it on, nothing switches it off.
-FormCommand usedText(std::string name, std::string help, std::function<void(bool)> use,
-                     std::function<void(std::string)> set) {
-    return textField(std::move(name), "[TEXT]", std::move(help),
-                     [use = std::move(use), set = std::move(set)](const std::string& rest) {
-                         use(!rest.empty());
-                         set(rest);
-                     });
 }
 
 FormCommand splitsOf(Form& form, Splits which, std::string name, std::string help) {

@@ -2,6 +2,7 @@
 
 #include "CliOptions.h"
 #include "CliTexts.h"
+#include "EditorCommands.h"
 #include "RunCommand.h"
 #include "RunFormOptions.h"
 #include "SettingsCommand.h"
@@ -91,6 +92,8 @@ int run(int argc, char** argv) {
         printSettings(ctx, std::cout);
     if (options.showPreferences)
         std::cout << terminalText(ctx.prefs.description()) << "\n";
+    if (auto status = editorCommand(options, ctx, dialogs, std::cin, std::cerr))
+        return *status;
     if (auto status = knowledgeCommand(options, ctx, dialogs))
         return *status;
     if (!options.inputFile)

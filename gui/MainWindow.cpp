@@ -1,6 +1,8 @@
 #include "MainWindow.h"
 
+#include "InstructionDialogs.h"
 #include "ListEditorDialog.h"
+#include "OutputFormatDialog.h"
 #include "PreferencesDialog.h"
 #include "QtDialogs.h"
 #include "RunFormView.h"
@@ -81,6 +83,16 @@ void MainWindow::buildMenus() {
                              tr("&Securities"), tr("&Input Formats")};
     for (int which = 0; which < 5; ++which)
         edit->addAction(lists[which], this, [this, which] { editList(which); });
+    edit->addSeparator();
+    edit->addAction(tr("&Output Formats…"), this, [this] {
+        OutputFormatListDialog list(ctx_, dialogs_, this);
+        dialogs_.runModal(list);
+        showState();
+    });
+    edit->addAction(tr("I&nstructions…"), this, [this] {
+        InstructionListDialog list(ctx_.prefs, dialogs_, this);
+        dialogs_.runModal(list);
+    });
     menuBar()->addAction(tr("&Preferences"), this, &MainWindow::editPreferences);
 }
 

@@ -8,15 +8,20 @@
 //   tavvel-screenshots STATEMENT OUTPUT-FOLDER [FONT-SCALE] [SUFFIX] [TEXT-STATEMENT]
 
 #include "ConfirmDialog.h"
+#include "InstructionDialogs.h"
 #include "LearnDateDialog.h"
 #include "LearnLayoutDialog.h"
 #include "LearnQuestionDialog.h"
 #include "MainWindow.h"
 #include "NewInstructionDialog.h"
+#include "OutputFormatDialog.h"
 #include "QtDialogs.h"
 #include "app/Controller.h"
 #include "app/StartUp.h"
 #include "context/Context.h"
+#include "formats/OutputFormatForm.h"
+#include "forms/InstructionEditor.h"
+#include "knowledge/Instructions.h"
 #include "prefs/Settings.h"
 
 #include <QAbstractButton>
@@ -112,6 +117,33 @@ private:
     std::set<QString> saved_;
 };
 
+// The editors of the Edit menu: a new output format with credit and debit columns, and the
+// instruction list and one instruction, over a few instructions as a user would have them.
+void saveEditors(Context& ctx, ScreenshotDialogs& dialogs) {
+    OutputFormatForm format = OutputFormatForm::newFormat(ctx.prefs, "Spreadsheet");
+    format.setAmountStyle("Credit/Debit");
+    format.setReformatDate(true);
+    format.setReformatDateFormat("%d.%m.%Y");
+    gui::OutputFormatDialog formatDialog(format, ctx, dialogs, nullptr);
+    dialogs.save(formatDialog, QStringLiteral("output-format"));
+
+    Instructions instructions(ctx.prefs);
+    const char* const payees[][3] = {{"CITY POWER", "City Power & Water", "Utilities:Electric"},
+                                     {"FRESH FOODS", "Fresh Foods", "Groceries"},
+                                     {"SUMMIT CARD PAYMENT", "Summit Card", "[Summit Card]"},
+                                     {"NEWSAGENT", "Newsagent", "Leisure:Papers"}};
+    for (const auto& [match, description, category] : payees)
+        instructions.setInstruction(Dictionary{{"descriptionMatch", Value(match)},
+                                               {"newDescription", Value(description)},
+                                               {"category", Value(category)}});
+    gui::InstructionListDialog list(ctx.prefs, dialogs, nullptr);
+    dialogs.save(list, QStringLiteral("instructions"));
+    InstructionEditor editor(ctx.prefs, *instructions.instructionFor("FRESH FOODS"));
+    editor.setMatch("FRESH FOODS MARKET");
+    gui::InstructionDialog instruction(editor, dialogs, nullptr);
+    dialogs.save(instruction, QStringLiteral("instruction"));
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -149,5 +181,6 @@ int main(int argc, char** argv) {
         window.controller().form().setInputFormatName("Summit Card");
         window.learnInputFormat();
     }
+    saveEditors(ctx, dialogs);
     return 0;
 }

@@ -18,3 +18,22 @@ inline constexpr std::string_view SplitsOutput = "SplitsOutput";
 inline constexpr std::string_view QIF = "QIF";
 
 } // namespace tavvel::outkey
+
+namespace tavvel::outkey {
+
+// The editor's `Amount` key: the title of the amount style chosen.
+inline constexpr std::string_view Amount = "Amount";
+
+// The titles of the editor's choices, stored as they are chosen.
+inline constexpr std::string_view Bank = "Bank";
+inline constexpr std::string_view CreditCard = "Credit Card";
+inline constexpr std::string_view Investment = "Investment";
+inline constexpr std::string_view Comma = "Comma";
+inline constexpr std::string_view Tab = "Tab";
+inline constexpr std::string_view AmountColumn = "Amount";
+inline constexpr std::string_view CreditDebit = "Credit/Debit";
+
+// SplitsOutput: every split written, three fields each.
+inline constexpr int EverySplit = 2;
+
+} // namespace tavvel::outkey

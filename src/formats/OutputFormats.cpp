@@ -112,8 +112,14 @@ std::vector<std::string> OutputFormats::namesForKind(int gType) {
 
 void OutputFormats::chooseFormat(std::string_view name) {
     chosenName_ = std::string(name);
-    chosen_ = QIFOutput() ? std::nullopt : formatForName(name);
+    useLayout(QIFOutput() ? std::nullopt : formatForName(name));
+}
+
+void OutputFormats::useLayout(std::optional<Dictionary> layout) {
+    chosen_ = std::move(layout);
     reformat_.reset();
+    if (chosen_)
+        chosenName_ = textOf(*chosen_, outkey::Name);
     if (!chosen_)
         return;
     const Value* on = find(*chosen_, outkey::ReformatDate);
@@ -163,6 +169,12 @@ void OutputFormats::produceNonQIFOutputField(std::string field, bool csv, std::s
 }
 
 void OutputFormats::produceBankCCOutput(std::string& output, const BankOutput& t) {
+    if (t.category)
+        Categories(ctx_.prefs).registerCategory(*t.category, dialogs_);
+    writeBankCCRecord(output, t);
+}
+
+void OutputFormats::writeBankCCRecord(std::string& output, const BankOutput& t) {
     std::optional<std::string_view> description, memo;
     if (t.description)
         description = *t.description;
@@ -172,8 +184,6 @@ void OutputFormats::produceBankCCOutput(std::string& output, const BankOutput& t
         convertOutputForFieldType(ctx_.prefs, prefkey::DescriptionOutput, description, memo);
     std::string memoText =
         convertOutputForFieldType(ctx_.prefs, prefkey::MemoOutput, description, memo);
-    if (t.category)
-        Categories(ctx_.prefs).registerCategory(*t.category, dialogs_);
     std::string number = withoutLeadingBlanks(t.number);
     if (QIFOutput()) {
         if (optionOn(ctx_.prefs, option::removeLongNumber) && number.size() > 5)

@@ -44,12 +44,16 @@ public:
     const std::string& chosenFormatName() const { return chosenName_; }
     // The account written in "Account" columns.
     void setAccount(std::string account) { account_ = std::move(account); }
+    // A layout that is not (yet) stored, as the editor previews it.
+    void useLayout(std::optional<Dictionary> layout);
 
     // QIFOutput
     bool QIFOutput() const { return chosenName_ == "QIF"; }
 
     // produceBankCCOutput:date:description:memo:amount:number:category:cleared:splits:
     void produceBankCCOutput(std::string& output, const BankOutput& transaction);
+    // The same without registering the category: nothing is stored (a preview).
+    void writeBankCCRecord(std::string& output, const BankOutput& transaction);
     // produceInvestmentOutput:... — only in a delimited layout; QIF investment records are
     // written by the investment engine.
     void produceInvestmentOutput(std::string& output, const InvestmentOutput& transaction);

@@ -218,7 +218,7 @@ private slots:
                                  "&Import Input Format…", "&Quit"}));
         QCOMPARE(actionTexts(menu(QStringLiteral("&Edit"))),
                  (QList<QString>{"&Accounts", "&Categories", "&Descriptions", "&Securities",
-                                 "&Input Formats"}));
+                                 "&Input Formats", "&Output Formats…", "I&nstructions…"}));
         bool preferences = false;
         for (QAction* action : window->menuBar()->actions())
             preferences = preferences || action->text() == QLatin1String("&Preferences");
