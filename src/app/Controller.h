@@ -89,6 +89,7 @@ public:
     Intake processText(std::string text, std::string source);
 
     RunForm& form() { return form_; }
+    const RunForm& form() const { return form_; }
     OutputFormats& outputFormats() { return writer_; }
 
     // The input as the run form shows it ("bank.ofx", "Clipboard"), and as messages name it.
@@ -96,6 +97,9 @@ public:
     const std::string& source() const { return source_; }
     // The input's text after intake.
     const std::string& inputText() const { return fileAsString_; }
+    // A QIF input's lines after its header, and how many lines the header took.
+    const std::vector<std::string>& inputLines() const { return fileAsLines_; }
+    std::size_t skippedLines() const { return skippedLines_; }
     // The kind of input ("QIF", "QFX" or "Text"), which is also its help page's anchor.
     const std::string& inputKind() const { return controlHelpAnchor_; }
     // Whether the input is a continuation file whose stopped run is resumed.
