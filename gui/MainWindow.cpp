@@ -4,6 +4,7 @@
 #include "PreferencesDialog.h"
 #include "QtDialogs.h"
 #include "RunFormView.h"
+#include "StatementView.h"
 #include "Text.h"
 #include "app/Controller.h"
 #include "context/Context.h"
@@ -20,6 +21,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
+#include <QSplitter>
 #include <QStackedWidget>
 #include <QUrl>
 
@@ -47,11 +49,18 @@ MainWindow::MainWindow(Context& ctx, QtDialogs& dialogs, QWidget* parent)
                           pages_);
     waiting_->setAlignment(Qt::AlignCenter);
     waiting_->setWordWrap(true);
-    runForm_ = new RunFormView(*controller_, ctx.prefs, learn_, pages_);
+    auto* runPage = new QSplitter(Qt::Horizontal, pages_);
+    runPage_ = runPage;
+    runForm_ = new RunFormView(*controller_, ctx.prefs, learn_, runPage);
+    statement_ = new StatementView(ctx, *controller_, runPage);
+    runPage->addWidget(runForm_);
+    runPage->addWidget(statement_);
+    runPage->setStretchFactor(1, 1);
     pages_->addWidget(waiting_);
-    pages_->addWidget(runForm_);
+    pages_->addWidget(runPage_);
     setCentralWidget(pages_);
     connect(runForm_, &RunFormView::processRequested, this, &MainWindow::processTransactions);
+    connect(runForm_, &RunFormView::formChanged, statement_, &StatementView::refilter);
     connect(learn_, &QAction::triggered, this, &MainWindow::learnInputFormat);
     clipboardTimer_.setSingleShot(true);
     clipboardTimer_.setInterval(1000);
@@ -158,14 +167,19 @@ void MainWindow::learnInputFormat() {
 }
 
 void MainWindow::afterIntake(std::optional<Intake> intake) {
-    if (intake == Intake::formReady)
+    if (intake == Intake::formReady) {
+        // Read first, so that the form's refresh finds the rows' account already chosen.
+        statement_->load();
         runForm_->refresh();
+    }
     showState();
 }
 
 void MainWindow::showState() {
     bool running = controller_->processing();
-    pages_->setCurrentWidget(running ? static_cast<QWidget*>(runForm_) : waiting_);
+    pages_->setCurrentWidget(running ? runPage_ : waiting_);
+    if (!running)
+        statement_->clear();
     // Only a form whose range the user may change can continue from the last run.
     if (continueFromLast_)
         continueFromLast_->setEnabled(running && !controller_->form().resuming);

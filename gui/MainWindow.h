@@ -24,6 +24,7 @@ namespace tavvel::gui {
 
 class QtDialogs;
 class RunFormView;
+class StatementView;
 
 class MainWindow : public QMainWindow {
 public:
@@ -32,6 +33,7 @@ public:
 
     Controller& controller() { return *controller_; }
     RunFormView& runForm() { return *runForm_; }
+    StatementView& statement() { return *statement_; }
     // The place the learning dialogue is started from, beside the input format.
     QAction* learnAction() const { return learn_; }
     // The one-shot timer that processes a noticed clipboard.
@@ -74,6 +76,8 @@ private:
     QStackedWidget* pages_ = nullptr;
     QLabel* waiting_ = nullptr;
     RunFormView* runForm_ = nullptr;
+    StatementView* statement_ = nullptr;
+    QWidget* runPage_ = nullptr; // the run form beside the statement
     QTimer clipboardTimer_;
 };
 

@@ -32,6 +32,8 @@ public:
 
 signals:
     void processRequested();
+    // Anything the statement table filters by may have changed.
+    void formChanged();
 
 private:
     QWidget* buildInputPart(TvPrefs& prefs, QAction* learn);

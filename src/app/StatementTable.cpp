@@ -1,7 +1,9 @@
 #include "app/StatementTable.h"
 
+#include "app/TableTexts.h"
 #include "bank/QifInputTypes.h"
 #include "context/Context.h"
+#include "dialogs/MessageFormat.h"
 #include "forms/RunForm.h"
 #include "prefs/Settings.h"
 
@@ -15,6 +17,10 @@ constexpr int kMostPlaces = 9;
 
 bool isDigit(char c) {
     return c >= '0' && c <= '9';
+}
+
+std::string counted(std::size_t count, std::string_view one) {
+    return std::to_string(count) + " " + std::string(one) + (count == 1 ? "" : "s");
 }
 
 // The same flip the walk makes: a leading minus goes, otherwise one is put in front.
@@ -107,16 +113,29 @@ bool StatementTable::passes(const StatementRow& row) const {
 void StatementTable::refilter() {
     shown_.clear();
     written_ = 0;
+    errors_ = 0;
     sum_ = ExactSum(filter_.decimalPoint);
     for (std::size_t i = 0; i < rows_.size(); ++i) {
         if (!passes(rows_[i]))
             continue;
         shown_.push_back(static_cast<std::uint32_t>(i));
-        if (rows_[i].isError())
+        if (rows_[i].isError()) {
+            ++errors_;
             continue;
+        }
         ++written_;
         sum_.add(rows_[i].amount);
     }
+}
+
+std::string StatementTable::summary() const {
+    std::string written = counted(written_, "transaction");
+    auto total = writtenSum();
+    std::string line = total ? formatMessage(text::tableWillWrite, {written, *total})
+                             : formatMessage(text::tableWillWriteUnknownTotal, written);
+    if (errors_ > 0)
+        line += formatMessage(text::tableErrorRecords, counted(errors_, "record"));
+    return line;
 }
 
 std::string StatementTable::date(std::size_t shown) const {

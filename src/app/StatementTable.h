@@ -75,6 +75,9 @@ public:
     // The transactions the run will write (error records are not), and their total.
     std::size_t writtenCount() const { return written_; }
     std::optional<std::string> writtenSum() const { return sum_.text(filter_.reverseSigns); }
+    // The line under the table: how many transactions will be written, their total, and how
+    // many records cannot be read.
+    std::string summary() const;
 
 private:
     bool passes(const StatementRow& row) const;
@@ -84,6 +87,7 @@ private:
     std::vector<std::uint32_t> shown_;
     TableFilter filter_;
     std::size_t written_ = 0;
+    std::size_t errors_ = 0;
     ExactSum sum_;
 };
 

@@ -51,7 +51,7 @@ struct StatementTableTest : ::testing::Test {
             all += table.date(i) + "|" + table.amount(i) + "|" + table.row(i).number + "|" +
                    table.description(i) + "|" + table.memo(i) + "|" + table.category(i) + "|" +
                    table.row(i).errorMessage + "\n";
-        return all + std::to_string(table.writtenCount()) + " " + table.writtenSum().value_or("?");
+        return all + table.summary();
     }
 };
 
@@ -63,7 +63,7 @@ TEST_F(StatementTableTest, OfxRowsFollowTheRunFormLive) {
               "|||<TRNAMT>5.00<NAME>NO DATE</STMTTRN>|||The following OFX transaction does "
               "not contain a date; it cannot be processed: \n"
               "1/20/2024|-0.05||FEE|CORNER CAFE||\n"
-              "3 765.45");
+              "3 transactions to be written, totalling 765.45. 1 record cannot be read.");
 
     RunForm& form = controller.form();
     form.whichTransactions = kDateRange;
@@ -78,7 +78,7 @@ TEST_F(StatementTableTest, OfxRowsFollowTheRunFormLive) {
               "||||<TRNAMT>5.00<NAME>NO DATE</STMTTRN>||The following OFX transaction does "
               "not contain a date; it cannot be processed: \n"
               "2/1/2024|-0.05||CORNER CAFE|FEE|Groceries|\n"
-              "2 1999.95");
+              "2 transactions to be written, totalling 1999.95. 1 record cannot be read.");
 
     form.dateFrom = "not a date"; // an unreadable range hides nothing rather than everything
     refilter();
@@ -87,15 +87,17 @@ TEST_F(StatementTableTest, OfxRowsFollowTheRunFormLive) {
 
 TEST_F(StatementTableTest, QifRowsReverseSignsAndStopAtABadDate) {
     open("!Type:Bank\nD1/3/2024\nT-10.00\nPCORNER SHOP\n^\nD1/4/2024\nT2.25\nN101\nLRent\n"
-         "PCORNER\n^\nD13/45/2024\nT1.00\n^\n",
+         "PCORNER\n^\nD1/5/2024\nTn/a\n^\nD13/45/2024\nT1.00\n^\n",
          "File \"bank.qif\"");
     controller.form().qifType = 1; // Reverse Signs
     refilter();
     EXPECT_EQ(shown(), "1/3/2024|10.00||CORNER SHOP||Groceries|\n"
                        "1/4/2024|-2.25|101|CORNER||Rent|\n"
-                       "||||||File \"bank.qif\" appears to contain corrupted QIF on line 12; it "
+                       "1/5/2024|-n/a|||||\n" // shown as the run writes it; no total then
+                       "||||||File \"bank.qif\" appears to contain corrupted QIF on line 15; it "
                        "cannot be processed.\n"
-                       "2 7.75");
+                       "3 transactions to be written; an amount that cannot be read leaves the "
+                       "total unknown. 1 record cannot be read.");
 }
 
 TEST_F(StatementTableTest, StoppedReadingGivesNoRows) {

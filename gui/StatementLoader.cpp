@@ -1,0 +1,71 @@
+#include "StatementLoader.h"
+
+#include "context/Context.h"
+
+namespace tavvel::gui {
+
+namespace {
+
+std::unique_ptr<Context> snapshotOf(const Context& ctx) {
+    auto copy = std::make_unique<Context>(ctx.config, ctx.clock, ctx.places);
+    copy->prefs = ctx.prefs;
+    copy->output = ctx.output;
+    return copy;
+}
+
+} // namespace
+
+StatementLoader::StatementLoader(QObject* parent) : QObject(parent) {}
+
+StatementLoader::~StatementLoader() {
+    worker_.request_stop();
+}
+
+void StatementLoader::start(const Context& ctx, StatementSource source) {
+    cancel();
+    busy_ = true;
+    unsigned generation = ++generation_;
+    std::shared_ptr<Context> snapshot = snapshotOf(ctx);
+    auto work = [this, generation, snapshot, source = std::move(source)](std::stop_token stop) {
+        RowReading reading{stop, [this, generation](std::size_t done, std::size_t total) {
+                               QMetaObject::invokeMethod(
+                                   this,
+                                   [this, generation, done, total] {
+                                       if (generation == generation_)
+                                           emit progressed(static_cast<qint64>(done),
+                                                           static_cast<qint64>(total));
+                                   },
+                                   Qt::QueuedConnection);
+                           }};
+        auto rows = std::make_shared<std::optional<std::vector<StatementRow>>>(
+            readStatementRows(*snapshot, source, reading));
+        QMetaObject::invokeMethod(
+            this, [this, generation, rows] { deliver(generation, rows); }, Qt::QueuedConnection);
+    };
+    // Assigning joins the stopped reading first; it stops within one slice of rows.
+    worker_ = std::jthread(std::move(work));
+}
+
+void StatementLoader::cancel() {
+    worker_.request_stop();
+    ++generation_;
+    if (!busy_)
+        return;
+    busy_ = false;
+    emit cancelled();
+}
+
+void StatementLoader::deliver(unsigned generation,
+                              std::shared_ptr<std::optional<std::vector<StatementRow>>> rows) {
+    if (generation != generation_)
+        return;
+    busy_ = false;
+    if (!*rows) {
+        emit cancelled();
+        return;
+    }
+    rows_ = std::move(**rows);
+    emit finished();
+}
+
+} // namespace tavvel::gui
