@@ -71,6 +71,8 @@ RunFormView::RunFormView(Controller& controller, TvPrefs& prefs, QAction* learn,
     buttons->addWidget(process_);
     layout->addLayout(buttons);
     layout->addStretch(1);
+    process_->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Return));
+    describeControls();
 }
 
 QWidget* RunFormView::buildInputPart(TvPrefs& prefs, QAction* learn) {

@@ -40,6 +40,8 @@ private:
     QWidget* buildAccountPart(TvPrefs& prefs);
     QWidget* buildRangePart();
     QWidget* buildOutputPart();
+    // Tooltips and the names screen readers say (RunFormDescriptions.cpp).
+    void describeControls();
     void refreshInput();
     void refreshAccount();
     void refreshRange();

@@ -95,6 +95,8 @@ public:
     // The input as the run form shows it ("bank.ofx", "Clipboard"), and as messages name it.
     const std::string& inputFrom() const { return inputFrom_; }
     const std::string& source() const { return source_; }
+    // The path of the file last opened, whether or not it was taken ("" before any).
+    const std::string& inputPath() const { return inputPath_; }
     // The input's text after intake.
     const std::string& inputText() const { return fileAsString_; }
     // A QIF input's lines after its header, and how many lines the header took.
@@ -161,6 +163,7 @@ private:
     std::size_t skippedLines_ = 0;
     std::string source_;
     std::string inputFrom_;
+    std::string inputPath_;
     std::optional<Dictionary> continuationData_;
     bool doingClipboard_ = false;
     bool doingExtract_ = false;
