@@ -12,6 +12,7 @@
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTableView>
 #include <QVBoxLayout>
 
@@ -77,6 +78,13 @@ StatementView::StatementView(Context& ctx, const Controller& controller, QWidget
     });
     connect(loader_, &StatementLoader::finished, this, &StatementView::loaded);
     connect(loader_, &StatementLoader::cancelled, this, &StatementView::stopped);
+}
+
+QSize StatementView::sizeHint() const {
+    int width = view_->frameWidth() * 2 + view_->verticalScrollBar()->sizeHint().width();
+    for (int column = 0; column < TransactionTableModel::columns; ++column)
+        width += view_->columnWidth(column);
+    return {width, QWidget::sizeHint().height()};
 }
 
 void StatementView::load() {

@@ -33,6 +33,8 @@ public:
     // form now reads another account of the statement.
     void refilter();
     void clear();
+    // Wide enough for every column at its starting width.
+    QSize sizeHint() const override;
 
     QTableView& table() { return *view_; }
     const StatementTable& rows() const { return table_; }
