@@ -6,11 +6,10 @@ namespace tavvel::gui {
 
 namespace {
 
+// A copy, not a new context: making one sets the process's time zone, which a reading still
+// finishing on its thread may be using.
 std::unique_ptr<Context> snapshotOf(const Context& ctx) {
-    auto copy = std::make_unique<Context>(ctx.config, ctx.clock, ctx.places);
-    copy->prefs = ctx.prefs;
-    copy->output = ctx.output;
-    return copy;
+    return std::make_unique<Context>(ctx);
 }
 
 } // namespace
