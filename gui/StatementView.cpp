@@ -105,7 +105,11 @@ void StatementView::refilter() {
         account = form.accountText;
     if (account != loadedAccount_ && controller_.processing())
         return load();
-    table_.setFilter(tableFilterFor(form, ctx_));
+    // The form is shown afresh for many reasons; the view keeps its place unless rows change.
+    TableFilter filter = tableFilterFor(form, ctx_);
+    if (filter == table_.filter())
+        return;
+    table_.setFilter(filter);
     model_->reset();
     if (!loader_->busy())
         showSummary();

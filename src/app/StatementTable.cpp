@@ -47,6 +47,15 @@ TableFilter tableFilterFor(const RunForm& form, const Context& ctx) {
     return filter;
 }
 
+bool TableFilter::operator==(const TableFilter& other) const {
+    auto bounds = [](const std::optional<DateRange>& r) {
+        return r ? std::optional(std::pair(r->from, r->to)) : std::nullopt;
+    };
+    return bounds(range) == bounds(other.range) && sameDate == other.sameDate &&
+           swapDescriptionAndMemo == other.swapDescriptionAndMemo &&
+           reverseSigns == other.reverseSigns && decimalPoint == other.decimalPoint;
+}
+
 bool ExactSum::scaleTo(int places) {
     for (; places_ < places; ++places_)
         if (__builtin_mul_overflow(units_, 10, &units_))

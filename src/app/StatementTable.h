@@ -34,6 +34,7 @@ struct TableFilter {
     bool swapDescriptionAndMemo = false;
     bool reverseSigns = false;
     char decimalPoint = '.'; // ',' when amounts are written the European way
+    bool operator==(const TableFilter& other) const;
 };
 
 TableFilter tableFilterFor(const RunForm& form, const Context& ctx);

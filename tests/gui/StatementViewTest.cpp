@@ -5,6 +5,7 @@
 
 #include "AnsweringDialogs.h"
 #include "MainWindow.h"
+#include "RunFormView.h"
 #include "StatementLoader.h"
 #include "app/Controller.h"
 #include "knowledge/Categories.h"
@@ -93,6 +94,9 @@ private slots:
                  QStringLiteral("11/3/2025|-42.17|1041|CORNER GROCERY #12|Weekly shop|"
                                 "Food:Groceries"));
         QString all = view().summary().text();
+        view().table().selectRow(4);
+        window->runForm().refresh(); // shown afresh, nothing the table follows changed
+        QCOMPARE(view().table().currentIndex().row(), 4);
 
         child<QRadioButton>("range2")->click();
         child<QLineEdit>("dateFrom")->clear();
