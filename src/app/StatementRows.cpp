@@ -14,6 +14,8 @@
 #include "knowledge/KnowledgeKeys.h"
 #include "recognize/CalendarDate.h"
 
+#include <unordered_map>
+
 namespace tavvel {
 
 namespace {
@@ -43,8 +45,24 @@ std::string categoryFor(const Instructions& instructions, const std::string& tex
     return found ? textOf(*found, ikey::category) : std::string();
 }
 
+// Statements hold far fewer days than transactions, and reading a date back is dear.
+class DateReader {
+public:
+    explicit DateReader(std::string pattern) : pattern_(std::move(pattern)) {}
+    std::optional<Date> operator()(const std::string& text) {
+        auto [at, added] = read_.try_emplace(text);
+        if (added)
+            at->second = parseDateWithPattern(text, pattern_);
+        return at->second;
+    }
+
+private:
+    std::string pattern_;
+    std::unordered_map<std::string, std::optional<Date>> read_;
+};
+
 StatementRow rowOf(Dictionary& record, BankingCreditCardQIF& reader,
-                   const Instructions& instructions, const Context& ctx) {
+                   const Instructions& instructions, DateReader& dates) {
     StatementRow row;
     row.errorMessage = textOf(record, txkey::errorMessage);
     if (row.isError()) {
@@ -54,7 +72,7 @@ StatementRow rowOf(Dictionary& record, BankingCreditCardQIF& reader,
         return row;
     }
     row.dateText = textOf(record, txkey::date);
-    row.date = parseDateWithPattern(row.dateText, ctx.output.longDatePattern());
+    row.date = dates(row.dateText);
     row.amount = reader.normalizeQIFAmountIn(record).value_or("");
     row.number = textOf(record, txkey::number);
     row.description = textOf(record, txkey::description);
@@ -95,6 +113,7 @@ readStatementRows(Context& ctx, const StatementSource& source, const RowReading&
     BankingCreditCardQIF reader(ctx);
     std::optional<StatementRow> refused = readRecords(reader, source);
     Instructions instructions(ctx.prefs);
+    DateReader dates(ctx.output.longDatePattern());
     rows.reserve(reader.qif.size() + 1);
     for (std::size_t i = 0; i < reader.qif.size(); ++i) {
         if (i % kSlice == 0) {
@@ -103,7 +122,7 @@ readStatementRows(Context& ctx, const StatementSource& source, const RowReading&
             if (reading.progress)
                 reading.progress(i, reader.qif.size());
         }
-        rows.push_back(rowOf(reader.qif[i], reader, instructions, ctx));
+        rows.push_back(rowOf(reader.qif[i], reader, instructions, dates));
     }
     if (refused)
         rows.push_back(std::move(*refused));
