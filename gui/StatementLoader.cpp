@@ -26,23 +26,25 @@ void StatementLoader::start(const Context& ctx, StatementSource source) {
     unsigned generation = ++generation_;
     std::shared_ptr<Context> snapshot = snapshotOf(ctx);
     auto work = [this, generation, snapshot, source = std::move(source)](std::stop_token stop) {
-        RowReading reading{stop, [this, generation](std::size_t done, std::size_t total) {
-                               QMetaObject::invokeMethod(
-                                   this,
-                                   [this, generation, done, total] {
-                                       if (generation == generation_)
-                                           emit progressed(static_cast<qint64>(done),
-                                                           static_cast<qint64>(total));
-                                   },
-                                   Qt::QueuedConnection);
-                           }};
         auto rows = std::make_shared<std::optional<std::vector<StatementRow>>>(
-            readStatementRows(*snapshot, source, reading));
+            readStatementRows(*snapshot, source, readingFor(generation, stop)));
         QMetaObject::invokeMethod(
             this, [this, generation, rows] { deliver(generation, rows); }, Qt::QueuedConnection);
     };
     // Assigning joins the stopped reading first; it stops within one slice of rows.
     worker_ = std::jthread(std::move(work));
+}
+
+// Progress crosses to the window's thread, where a reading that was replaced is not heard.
+RowReading StatementLoader::readingFor(unsigned generation, std::stop_token stop) {
+    auto report = [this, generation](std::size_t done, std::size_t total) {
+        auto shown = [this, generation, done, total] {
+            if (generation == generation_)
+                emit progressed(static_cast<qint64>(done), static_cast<qint64>(total));
+        };
+        QMetaObject::invokeMethod(this, shown, Qt::QueuedConnection);
+    };
+    return {std::move(stop), report};
 }
 
 void StatementLoader::cancel() {

@@ -37,6 +37,7 @@ signals:
     void cancelled();
 
 private:
+    RowReading readingFor(unsigned generation, std::stop_token stop);
     void deliver(unsigned generation, std::shared_ptr<std::optional<std::vector<StatementRow>>>);
 
     std::vector<StatementRow> rows_;
