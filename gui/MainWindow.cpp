@@ -2,12 +2,16 @@
 
 #include "InstructionDialogs.h"
 #include "ListEditorDialog.h"
+#include "MessageArea.h"
 #include "OutputFormatDialog.h"
 #include "PreferencesDialog.h"
 #include "QtDialogs.h"
 #include "RunFormView.h"
+#include "StatementView.h"
 #include "Text.h"
+#include "WindowFrame.h"
 #include "app/Controller.h"
+#include "app/RecentFiles.h"
 #include "context/Context.h"
 #include "knowledge/FormatFiles.h"
 #include "knowledge/Formats.h"
@@ -15,6 +19,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
+#include <QCloseEvent>
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QFileInfo>
@@ -22,8 +27,10 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
+#include <QSplitter>
 #include <QStackedWidget>
 #include <QUrl>
+#include <QVBoxLayout>
 
 namespace tavvel::gui {
 
@@ -42,58 +49,107 @@ MainWindow::MainWindow(Context& ctx, QtDialogs& dialogs, QWidget* parent)
     dialogs_.setParentWindow(this);
     learn_ = new QAction(tr("Learn…"), this);
     learn_->setObjectName(QStringLiteral("learnAction"));
-    learn_->setToolTip(tr("Learn a new input format from this statement"));
+    learn_->setToolTip(tr("Learn a new input format from this statement (Ctrl+Shift+L)"));
+    learn_->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_L));
+    addAction(learn_);
     pages_ = new QStackedWidget(this);
     waiting_ = new QLabel(tr("Open a statement (File ▸ Open…), drop one on this window, or copy "
                              "one to the clipboard."),
                           pages_);
     waiting_->setAlignment(Qt::AlignCenter);
     waiting_->setWordWrap(true);
-    runForm_ = new RunFormView(*controller_, ctx.prefs, learn_, pages_);
+    auto* runPage = new QSplitter(Qt::Horizontal, pages_);
+    runPage_ = runPage;
+    runForm_ = new RunFormView(*controller_, ctx.prefs, learn_, runPage);
+    statement_ = new StatementView(ctx, *controller_, runPage);
+    runPage->addWidget(runForm_);
+    runPage->addWidget(statement_);
+    runPage->setStretchFactor(1, 1);
     pages_->addWidget(waiting_);
-    pages_->addWidget(runForm_);
-    setCentralWidget(pages_);
+    pages_->addWidget(runPage_);
+    messages_ = new MessageArea(this);
+    dialogs_.setAlertEcho([this](const std::string& title, const std::string& text) {
+        messages_->showMessage(title, text);
+    });
+    auto* central = new QWidget(this);
+    auto* layout = new QVBoxLayout(central);
+    layout->addWidget(messages_);
+    layout->addWidget(pages_, 1);
+    setCentralWidget(central);
     connect(runForm_, &RunFormView::processRequested, this, &MainWindow::processTransactions);
+    connect(runForm_, &RunFormView::formChanged, statement_, &StatementView::refilter);
     connect(learn_, &QAction::triggered, this, &MainWindow::learnInputFormat);
     clipboardTimer_.setSingleShot(true);
     clipboardTimer_.setInterval(1000);
     connect(&clipboardTimer_, &QTimer::timeout, this, &MainWindow::processNoticedClipboard);
     buildMenus();
+    restoreFrame(*this, ctx.prefs);
     showState();
 }
 
-MainWindow::~MainWindow() = default;
+MainWindow::~MainWindow() {
+    dialogs_.setAlertEcho({});
+}
 
 void MainWindow::buildMenus() {
+    buildFileMenu();
+    QMenu* edit = menuBar()->addMenu(tr("&Edit"));
+    const QString lists[] = {tr("&Accounts"), tr("&Categories"), tr("&Descriptions"),
+                             tr("&Securities"), tr("&Input Formats")};
+    for (int which = 0; which < 5; ++which)
+        edit->addAction(lists[which], QKeySequence(Qt::CTRL | (Qt::Key_1 + which)), this,
+                        [this, which] { editList(which); });
+    edit->addSeparator();
+    edit->addAction(tr("&Output Formats…"), QKeySequence(Qt::CTRL | Qt::Key_6), this, [this] {
+        OutputFormatListDialog list(ctx_, dialogs_, this);
+        dialogs_.runModal(list);
+        showState();
+    });
+    edit->addAction(tr("I&nstructions…"), QKeySequence(Qt::CTRL | Qt::Key_7), this, [this] {
+        InstructionListDialog list(ctx_.prefs, dialogs_, this);
+        dialogs_.runModal(list);
+    });
+    QAction* preferences =
+        menuBar()->addAction(tr("&Preferences"), this, &MainWindow::editPreferences);
+    preferences->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Comma));
+    addAction(preferences); // a menu bar item's shortcut works only through the window
+}
+
+void MainWindow::buildFileMenu() {
     QMenu* file = menuBar()->addMenu(tr("&File"));
     file->addAction(tr("&Open…"), QKeySequence::Open, this, &MainWindow::openWithDialog);
-    file->addAction(tr("Process &Clipboard"), this, &MainWindow::processClipboard);
-    continueFromLast_ = file->addAction(tr("Continue from Where I Stopped &Last Time"), this,
+    recentMenu_ = file->addMenu(tr("Open &Recent"));
+    recentMenu_->setObjectName(QStringLiteral("recentMenu"));
+    connect(recentMenu_, &QMenu::aboutToShow, this, &MainWindow::fillRecentMenu);
+    file->addAction(tr("Process &Clipboard"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_V), this,
+                    &MainWindow::processClipboard);
+    continueFromLast_ = file->addAction(tr("Continue from Where I Stopped &Last Time"),
+                                        QKeySequence(Qt::CTRL | Qt::Key_L), this,
                                         &MainWindow::continueFromLastTime);
     continueFromLast_->setObjectName(QStringLiteral("continueFromLast"));
     exportMenu_ = file->addMenu(tr("&Export Input Format"));
     exportMenu_->setObjectName(QStringLiteral("exportMenu"));
     connect(exportMenu_, &QMenu::aboutToShow, this, &MainWindow::fillExportMenu);
-    file->addAction(tr("&Import Input Format…"), this, &MainWindow::importFormat);
+    file->addAction(tr("&Import Input Format…"), QKeySequence(Qt::CTRL | Qt::Key_I), this,
+                    &MainWindow::importFormat);
     file->addSeparator();
-    file->addAction(tr("&Quit"), QKeySequence::Quit, qApp, &QApplication::quit);
+    file->addAction(tr("&Quit"), QKeySequence(Qt::CTRL | Qt::Key_Q), qApp, &QApplication::quit);
+}
 
-    QMenu* edit = menuBar()->addMenu(tr("&Edit"));
-    const QString lists[] = {tr("&Accounts"), tr("&Categories"), tr("&Descriptions"),
-                             tr("&Securities"), tr("&Input Formats")};
-    for (int which = 0; which < 5; ++which)
-        edit->addAction(lists[which], this, [this, which] { editList(which); });
-    edit->addSeparator();
-    edit->addAction(tr("&Output Formats…"), this, [this] {
-        OutputFormatListDialog list(ctx_, dialogs_, this);
-        dialogs_.runModal(list);
-        showState();
-    });
-    edit->addAction(tr("I&nstructions…"), this, [this] {
-        InstructionListDialog list(ctx_.prefs, dialogs_, this);
-        dialogs_.runModal(list);
-    });
-    menuBar()->addAction(tr("&Preferences"), this, &MainWindow::editPreferences);
+void MainWindow::fillRecentMenu() {
+    recentMenu_->clear();
+    std::vector<std::string> paths = RecentFiles(ctx_.prefs).list();
+    for (std::size_t i = 0; i < paths.size(); ++i) {
+        QString path = qt(paths[i]);
+        QString title = QStringLiteral("&%1 %2").arg((i + 1) % 10).arg(QFileInfo(path).fileName());
+        QAction* open = recentMenu_->addAction(title, this, [this, path] { openRecent(path); });
+        open->setToolTip(path);
+        open->setStatusTip(path);
+    }
+    recentMenu_->addSeparator();
+    QAction* clear = recentMenu_->addAction(tr("Clear &Menu"), this,
+                                            [this] { RecentFiles(ctx_.prefs).clear(); });
+    clear->setEnabled(!paths.empty());
 }
 
 void MainWindow::fillExportMenu() {
@@ -133,12 +189,25 @@ bool MainWindow::openFile(const QString& path) {
     std::optional<Intake> intake = controller_->applicationOpenFile(file);
     if (!intake)
         return false;
-    afterIntake(intake);
+    afterFileIntake(intake);
     return true;
 }
 
 void MainWindow::openWithDialog() {
-    afterIntake(controller_->processFile());
+    afterFileIntake(controller_->processFile());
+}
+
+void MainWindow::openRecent(const QString& path) {
+    std::optional<Intake> intake = controller_->applicationOpenFile(core(path));
+    if (intake == Intake::refused)
+        RecentFiles(ctx_.prefs).remove(core(path));
+    afterFileIntake(intake);
+}
+
+void MainWindow::afterFileIntake(std::optional<Intake> intake) {
+    if (intake == Intake::formReady || intake == Intake::ranAtOnce)
+        RecentFiles(ctx_.prefs).add(controller_->inputPath());
+    afterIntake(intake);
 }
 
 void MainWindow::processClipboard() {
@@ -170,19 +239,29 @@ void MainWindow::learnInputFormat() {
 }
 
 void MainWindow::afterIntake(std::optional<Intake> intake) {
-    if (intake == Intake::formReady)
+    if (intake == Intake::formReady) {
+        // Read first, so that the form's refresh finds the rows' account already chosen.
+        statement_->load();
         runForm_->refresh();
+    }
     showState();
 }
 
 void MainWindow::showState() {
     bool running = controller_->processing();
-    pages_->setCurrentWidget(running ? static_cast<QWidget*>(runForm_) : waiting_);
+    pages_->setCurrentWidget(running ? runPage_ : waiting_);
+    if (!running)
+        statement_->clear();
     // Only a form whose range the user may change can continue from the last run.
     if (continueFromLast_)
         continueFromLast_->setEnabled(running && !controller_->form().resuming);
     if (running)
         runForm_->refresh();
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+    saveFrame(*this, ctx_.prefs);
+    QMainWindow::closeEvent(event);
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event) {

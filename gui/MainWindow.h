@@ -13,6 +13,7 @@ class QAction;
 class QLabel;
 class QMenu;
 class QStackedWidget;
+class QCloseEvent;
 
 namespace tavvel {
 class Context;
@@ -22,8 +23,10 @@ enum class Intake;
 
 namespace tavvel::gui {
 
+class MessageArea;
 class QtDialogs;
 class RunFormView;
+class StatementView;
 
 class MainWindow : public QMainWindow {
 public:
@@ -32,6 +35,8 @@ public:
 
     Controller& controller() { return *controller_; }
     RunFormView& runForm() { return *runForm_; }
+    StatementView& statement() { return *statement_; }
+    MessageArea& messages() { return *messages_; }
     // The place the learning dialogue is started from, beside the input format.
     QAction* learnAction() const { return learn_; }
     // The one-shot timer that processes a noticed clipboard.
@@ -45,6 +50,8 @@ public:
     void processNoticedClipboard();
 
     void openWithDialog();
+    // File ▸ Open Recent: a file that is refused now leaves the list.
+    void openRecent(const QString& path);
     void processClipboard();
     // The run form's range from the day after the last run's range ended to today.
     void continueFromLastTime();
@@ -55,10 +62,15 @@ public:
 protected:
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
 
 private:
     void buildMenus();
+    void buildFileMenu();
     void fillExportMenu();
+    void fillRecentMenu();
+    // A file's intake: a statement that was taken joins the recent files.
+    void afterFileIntake(std::optional<Intake> intake);
     void importFormat();
     void editList(int which);
     void editPreferences();
@@ -71,9 +83,13 @@ private:
     QAction* learn_ = nullptr;
     QAction* continueFromLast_ = nullptr;
     QMenu* exportMenu_ = nullptr;
+    QMenu* recentMenu_ = nullptr;
+    MessageArea* messages_ = nullptr;
     QStackedWidget* pages_ = nullptr;
     QLabel* waiting_ = nullptr;
     RunFormView* runForm_ = nullptr;
+    StatementView* statement_ = nullptr;
+    QWidget* runPage_ = nullptr; // the run form beside the statement
     QTimer clipboardTimer_;
 };
 

@@ -83,6 +83,8 @@ int QtDialogs::runModal(QDialog& dialog) {
 }
 
 void QtDialogs::alert(const std::string& title, const std::string& text) {
+    if (echo_)
+        echo_(title, text);
     ask(title, text, {std::string(text::okButton)});
 }
 

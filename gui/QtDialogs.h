@@ -7,6 +7,7 @@
 #include "knowledge/RenameFormatForm.h"
 
 #include <QString>
+#include <functional>
 
 class QDialog;
 class QWidget;
@@ -23,6 +24,9 @@ public:
 
     // The window the dialogs are modal to.
     void setParentWindow(QWidget* parent) { parent_ = parent; }
+    // Told every alert's title and text as it is shown, so the window can keep the last one.
+    using AlertEcho = std::function<void(const std::string& title, const std::string& text)>;
+    void setAlertEcho(AlertEcho echo) { echo_ = std::move(echo); }
 
     void alert(const std::string& title, const std::string& text) override;
     std::size_t ask(const std::string& title, const std::string& text,
@@ -53,6 +57,7 @@ private:
 
     TvPrefs& prefs_;
     QWidget* parent_ = nullptr;
+    AlertEcho echo_;
 };
 
 // The name filters of a file dialog for the allowed extensions ("" is files without one).

@@ -71,6 +71,8 @@ RunFormView::RunFormView(Controller& controller, TvPrefs& prefs, QAction* learn,
     buttons->addWidget(process_);
     layout->addLayout(buttons);
     layout->addStretch(1);
+    process_->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Return));
+    describeControls();
 }
 
 QWidget* RunFormView::buildInputPart(TvPrefs& prefs, QAction* learn) {
@@ -177,6 +179,15 @@ QWidget* RunFormView::buildRangePart() {
         form_.setDateTo(core(dateTo_->text()));
         refresh();
     });
+    // The table follows the range while it is typed; the form is shown afresh when it is left.
+    connect(dateFrom_, &QLineEdit::textEdited, this, [this](const QString& text) {
+        form_.setDateFrom(core(text));
+        emit formChanged();
+    });
+    connect(dateTo_, &QLineEdit::textEdited, this, [this](const QString& text) {
+        form_.setDateTo(core(text));
+        emit formChanged();
+    });
     dates->addWidget(dateFrom_);
     dates->addWidget(new QLabel(tr("to"), box));
     dates->addWidget(dateTo_);
@@ -206,8 +217,10 @@ QWidget* RunFormView::buildOutputPart() {
         form_.setSameNumber(on);
         refresh();
     });
-    connect(outputDate_, &QLineEdit::textEdited, this,
-            [this](const QString& text) { form_.setOutputDate(core(text)); });
+    connect(outputDate_, &QLineEdit::textEdited, this, [this](const QString& text) {
+        form_.setOutputDate(core(text));
+        emit formChanged();
+    });
     connect(outputNumber_, &QLineEdit::textEdited, this,
             [this](const QString& text) { form_.setOutputNumber(core(text)); });
     appendSwitch_ = named(new QCheckBox(tr("Append to:"), box), "appendSwitch");
@@ -239,6 +252,7 @@ void RunFormView::refresh() {
     learn_->setEnabled(form_.learnEnabled);
     process_->setEnabled(form_.processEnabled());
     refreshFixedFields();
+    emit formChanged();
 }
 
 // A resumed run keeps the settings it was stopped with: they are shown, not edited.

@@ -32,12 +32,16 @@ public:
 
 signals:
     void processRequested();
+    // Anything the statement table filters by may have changed.
+    void formChanged();
 
 private:
     QWidget* buildInputPart(TvPrefs& prefs, QAction* learn);
     QWidget* buildAccountPart(TvPrefs& prefs);
     QWidget* buildRangePart();
     QWidget* buildOutputPart();
+    // Tooltips and the names screen readers say (RunFormDescriptions.cpp).
+    void describeControls();
     void refreshInput();
     void refreshAccount();
     void refreshRange();

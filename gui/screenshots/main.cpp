@@ -16,6 +16,8 @@
 #include "NewInstructionDialog.h"
 #include "OutputFormatDialog.h"
 #include "QtDialogs.h"
+#include "StatementLoader.h"
+#include "StatementView.h"
 #include "app/Controller.h"
 #include "app/StartUp.h"
 #include "context/Context.h"
@@ -27,6 +29,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QDialog>
+#include <QEventLoop>
 #include <QFileDialog>
 #include <QMessageBox>
 #include <QPlainTextEdit>
@@ -171,8 +174,14 @@ int main(int argc, char** argv) {
 
     gui::MainWindow window(ctx, dialogs);
     window.show();
+    // The table is read on a thread of its own; the picture waits for its rows.
+    QEventLoop reading;
+    QObject::connect(&window.statement().loader(), &gui::StatementLoader::finished, &reading,
+                     &QEventLoop::quit);
     if (!window.openFile(arguments.at(1)))
         return 1;
+    if (window.statement().loader().busy())
+        reading.exec();
     dialogs.save(window, QStringLiteral("main-window"));
     window.processTransactions();
     if (arguments.size() > 5) {

@@ -87,6 +87,7 @@ void Controller::doneWithFile() {
 
 Intake Controller::actuallyProcessFile(const std::string& path) {
     std::filesystem::path file(path);
+    inputPath_ = path;
     ctx_.prefs.setObject(prefkey::LastRootDirectory, Value(file.parent_path().string()));
     ctx_.prefs.synchronize();
     continuationData_.reset();

@@ -89,13 +89,19 @@ public:
     Intake processText(std::string text, std::string source);
 
     RunForm& form() { return form_; }
+    const RunForm& form() const { return form_; }
     OutputFormats& outputFormats() { return writer_; }
 
     // The input as the run form shows it ("bank.ofx", "Clipboard"), and as messages name it.
     const std::string& inputFrom() const { return inputFrom_; }
     const std::string& source() const { return source_; }
+    // The path of the file last opened, whether or not it was taken ("" before any).
+    const std::string& inputPath() const { return inputPath_; }
     // The input's text after intake.
     const std::string& inputText() const { return fileAsString_; }
+    // A QIF input's lines after its header, and how many lines the header took.
+    const std::vector<std::string>& inputLines() const { return fileAsLines_; }
+    std::size_t skippedLines() const { return skippedLines_; }
     // The kind of input ("QIF", "QFX" or "Text"), which is also its help page's anchor.
     const std::string& inputKind() const { return controlHelpAnchor_; }
     // Whether the input is a continuation file whose stopped run is resumed.
@@ -161,6 +167,7 @@ private:
     std::size_t skippedLines_ = 0;
     std::string source_;
     std::string inputFrom_;
+    std::string inputPath_;
     std::optional<Dictionary> continuationData_;
     bool doingClipboard_ = false;
     bool doingExtract_ = false;

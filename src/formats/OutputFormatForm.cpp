@@ -251,7 +251,7 @@ std::string OutputFormatForm::preview(Context& ctx, Dialogs& dialogs) const {
     layout[std::string(outkey::Name)] = Value("Preview");
     OutputFormats writer(ctx, dialogs);
     writer.useLayout(layout);
-    writer.account = "Checking";
+    writer.setAccount("Checking");
     std::string out;
     if (isInvestment(type_)) {
         InvestmentOutput buy{"Buy", "01/15/2024", "ACME FUND", "Monthly plan", "-250.00", "",

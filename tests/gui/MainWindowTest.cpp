@@ -213,7 +213,7 @@ private slots:
         QMenu* file = menu(QStringLiteral("&File"));
         QVERIFY(file);
         QCOMPARE(actionTexts(file),
-                 (QList<QString>{"&Open…", "Process &Clipboard",
+                 (QList<QString>{"&Open…", "Open &Recent", "Process &Clipboard",
                                  "Continue from Where I Stopped &Last Time", "&Export Input Format",
                                  "&Import Input Format…", "&Quit"}));
         QCOMPARE(actionTexts(menu(QStringLiteral("&Edit"))),
