@@ -100,7 +100,7 @@ public:
     // The input's text after intake.
     const std::string& inputText() const { return fileAsString_; }
     // A QIF input's lines after its header, and how many lines the header took.
-    const std::vector<std::string>& inputLines() const { return fileAsLines_; }
+    const std::vector<std::string_view>& inputLines() const { return fileAsLines_; }
     std::size_t skippedLines() const { return skippedLines_; }
     // The kind of input ("QIF", "QFX" or "Text"), which is also its help page's anchor.
     const std::string& inputKind() const { return controlHelpAnchor_; }

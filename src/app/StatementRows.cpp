@@ -9,7 +9,6 @@
 #include "bank/BankingCreditCardQIF.h"
 #include "context/Context.h"
 #include "dialogs/MessageFormat.h"
-#include "formats/TransactionKeys.h"
 #include "knowledge/Instructions.h"
 #include "knowledge/KnowledgeKeys.h"
 #include "recognize/CalendarDate.h"
@@ -27,7 +26,7 @@ constexpr std::size_t kSlice = 1024;
 std::optional<StatementRow> readRecords(BankingCreditCardQIF& reader,
                                         const StatementSource& source) {
     if (source.ofx) {
-        reader.ofxAccount = source.ofxAccount;
+        reader.setOfxAccount(source.ofxAccount);
         reader.fromOFX(source.text, kDistantPast, kDistantFuture);
         return std::nullopt;
     }
@@ -61,24 +60,26 @@ private:
     std::unordered_map<std::string, std::optional<Date>> read_;
 };
 
-StatementRow rowOf(Dictionary& record, BankingCreditCardQIF& reader,
+StatementRow rowOf(const TransactionRecord& record, const BankingCreditCardQIF& reader,
                    const Instructions& instructions, DateReader& dates) {
+    auto textOf = [&record](TxField field) { return std::string(record.text(field)); };
     StatementRow row;
-    row.errorMessage = textOf(record, txkey::errorMessage);
+    row.errorMessage = textOf(TxField::errorMessage);
     if (row.isError()) {
-        std::string piece = textOf(record, txkey::errorText);
+        std::string piece = textOf(TxField::errorText);
         std::size_t end = piece.find_last_not_of(" \t\r\n");
         row.description = piece.substr(0, end == std::string::npos ? 0 : end + 1);
         return row;
     }
-    row.dateText = textOf(record, txkey::date);
+    row.dateText = textOf(TxField::date);
     row.date = dates(row.dateText);
-    row.amount = reader.normalizeQIFAmountIn(record).value_or("");
-    row.number = textOf(record, txkey::number);
-    row.description = textOf(record, txkey::description);
-    row.memo = textOf(record, txkey::memo);
+    if (record.has(TxField::amount))
+        row.amount = reader.normalizedAmount(record.text(TxField::amount));
+    row.number = textOf(TxField::number);
+    row.description = textOf(TxField::description);
+    row.memo = textOf(TxField::memo);
     // A category the statement carries is kept by the walk; the instructions only fill gaps.
-    std::string own = textOf(record, txkey::category);
+    std::string own = textOf(TxField::category);
     row.category = own.empty() ? categoryFor(instructions, row.description) : own;
     row.categoryOfMemo = own.empty() ? categoryFor(instructions, row.memo) : own;
     return row;
@@ -97,7 +98,7 @@ StatementSource statementSourceOf(const Controller& controller) {
     if (source.ofx)
         source.text = controller.inputText();
     if (source.qif)
-        source.lines = controller.inputLines();
+        source.lines.assign(controller.inputLines().begin(), controller.inputLines().end());
     source.skippedLines = controller.skippedLines();
     const RunForm& form = controller.form();
     if (form.choosesInputAccount())
@@ -114,15 +115,16 @@ readStatementRows(Context& ctx, const StatementSource& source, const RowReading&
     std::optional<StatementRow> refused = readRecords(reader, source);
     Instructions instructions(ctx.prefs);
     DateReader dates(ctx.output.longDatePattern());
-    rows.reserve(reader.qif.size() + 1);
-    for (std::size_t i = 0; i < reader.qif.size(); ++i) {
+    const std::vector<TransactionRecord>& records = reader.records();
+    rows.reserve(records.size() + 1);
+    for (std::size_t i = 0; i < records.size(); ++i) {
         if (i % kSlice == 0) {
             if (reading.stop.stop_requested())
                 return std::nullopt;
             if (reading.progress)
-                reading.progress(i, reader.qif.size());
+                reading.progress(i, records.size());
         }
-        rows.push_back(rowOf(reader.qif[i], reader, instructions, dates));
+        rows.push_back(rowOf(records[i], reader, instructions, dates));
     }
     if (refused)
         rows.push_back(std::move(*refused));

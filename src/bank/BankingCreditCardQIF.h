@@ -91,6 +91,8 @@ public:
     // minus, signs reversed by the QIF input type). Marks the split so a second call changes
     // nothing. Nothing when it has no amount.
     std::optional<std::string> normalizeQIFAmountIn(Dictionary& split);
+    // A record's stored amount as the walk would write it, the record left as it is.
+    std::string normalizedAmount(std::string_view stored) const;
 
     // processSplits: — rebuilds the splits for output from the current transaction's splits.
     void processSplits(const Array* transactionSplits);
@@ -156,7 +158,6 @@ private:
     // The category the confirmation form starts with.
     std::string formCategory(const TransactionRecord& record) const;
     Dictionary continuation(const std::string& output);
-    std::string normalizedAmount(std::string_view stored) const;
     // The record's amount made ready for output, once: the record is marked.
     std::optional<std::string> amountFor(TransactionRecord& record);
     void rememberDescription(const Walk& walk, std::string_view description);

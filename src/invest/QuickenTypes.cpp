@@ -84,7 +84,7 @@ void addType(Dictionary& format, std::string_view type, std::int64_t code,
                      {std::string(investkey::quickenType), Value(code)}};
     if (!assumedSecurity.empty())
         entry.emplace(std::string(investkey::assumedSecurity), Value(assumedSecurity));
-    mappings.push_back(Value(std::move(entry)));
+    mappings.emplace_back(std::move(entry));
     format.insert_or_assign(std::string(investkey::TypeMappings), Value(std::move(mappings)));
 }
 
