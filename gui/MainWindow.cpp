@@ -7,8 +7,10 @@
 #include "PreferencesDialog.h"
 #include "QtDialogs.h"
 #include "RunFormView.h"
+#include "StatementLoader.h"
 #include "StatementView.h"
 #include "Text.h"
+#include "TransactionRun.h"
 #include "WindowFrame.h"
 #include "app/Controller.h"
 #include "app/RecentFiles.h"
@@ -42,8 +44,8 @@ std::optional<std::string> clipboardText() {
 }
 
 MainWindow::MainWindow(Context& ctx, QtDialogs& dialogs, QWidget* parent)
-    : QMainWindow(parent), ctx_(ctx), dialogs_(dialogs),
-      controller_(std::make_unique<Controller>(ctx, dialogs)) {
+    : QMainWindow(parent), ctx_(ctx), dialogs_(dialogs), runDialogs_(dialogs, *this),
+      controller_(std::make_unique<Controller>(ctx, runDialogs_)) {
     setWindowTitle(QStringLiteral("Tavvel"));
     setAcceptDrops(true);
     dialogs_.setParentWindow(this);
@@ -68,12 +70,15 @@ MainWindow::MainWindow(Context& ctx, QtDialogs& dialogs, QWidget* parent)
     pages_->addWidget(waiting_);
     pages_->addWidget(runPage_);
     messages_ = new MessageArea(this);
+    run_ = new TransactionRun(this);
+    connect(run_, &TransactionRun::finished, this, &MainWindow::runEnded);
     dialogs_.setAlertEcho([this](const std::string& title, const std::string& text) {
         messages_->showMessage(title, text);
     });
     auto* central = new QWidget(this);
     auto* layout = new QVBoxLayout(central);
     layout->addWidget(messages_);
+    layout->addWidget(run_);
     layout->addWidget(pages_, 1);
     setCentralWidget(central);
     connect(runForm_, &RunFormView::processRequested, this, &MainWindow::processTransactions);
@@ -88,6 +93,11 @@ MainWindow::MainWindow(Context& ctx, QtDialogs& dialogs, QWidget* parent)
 }
 
 MainWindow::~MainWindow() {
+    // A run still working uses the controller and this window's forms: it ends first.
+    if (run_->busy()) {
+        runDialogs_.stopShowing();
+        run_->cancelAndWait();
+    }
     dialogs_.setAlertEcho({});
 }
 
@@ -179,6 +189,8 @@ void MainWindow::editPreferences() {
 }
 
 bool MainWindow::openFile(const QString& path) {
+    if (run_->busy())
+        return false;
     std::string file = core(path);
     if (isFormatFile(file)) {
         Formats formats(ctx_.prefs);
@@ -215,6 +227,8 @@ void MainWindow::processClipboard() {
 }
 
 void MainWindow::applicationActivated() {
+    if (run_->busy())
+        return;
     if (controller_->applicationDidBecomeActive(clipboardText()))
         clipboardTimer_.start();
 }
@@ -225,12 +239,45 @@ void MainWindow::continueFromLastTime() {
 }
 
 void MainWindow::processNoticedClipboard() {
+    if (run_->busy())
+        return;
     afterIntake(controller_->processInput());
 }
 
 void MainWindow::processTransactions() {
-    controller_->processTheTransactions(isVisible());
+    if (run_->busy())
+        return;
+    holdWhileRunning(true);
+    // A table still being read would look at the run form and preferences the run now owns:
+    // it is read again should the run leave the statement in the window.
+    rereadAfterRun_ = statement_->loader().busy();
+    statement_->loader().cancel();
+    run_->start(*controller_, isVisible());
+}
+
+void MainWindow::runEnded() {
+    holdWhileRunning(false);
+    if (rereadAfterRun_ && controller_->processing())
+        statement_->load();
+    rereadAfterRun_ = false;
     showState();
+}
+
+void MainWindow::holdWhileRunning(bool hold) {
+    pages_->setEnabled(!hold);
+    menuBar()->setEnabled(!hold);
+    if (!hold) {
+        for (const QPointer<QAction>& action : heldActions_)
+            if (action)
+                action->setEnabled(true);
+        heldActions_.clear();
+        return;
+    }
+    for (QAction* action : findChildren<QAction*>())
+        if (action->isEnabled()) {
+            heldActions_.push_back(action);
+            action->setEnabled(false);
+        }
 }
 
 void MainWindow::learnInputFormat() {
@@ -260,6 +307,12 @@ void MainWindow::showState() {
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
+    // The run may be waiting on a form of this window: it is stopped, and the window stays.
+    if (run_->busy()) {
+        run_->cancel();
+        event->ignore();
+        return;
+    }
     saveFrame(*this, ctx_.prefs);
     QMainWindow::closeEvent(event);
 }

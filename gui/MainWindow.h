@@ -4,10 +4,14 @@
 // from the open dialog, the command line and drops; the clipboard is looked at when the
 // application becomes active.
 
+#include "GuiThreadDialogs.h"
+
 #include <QMainWindow>
+#include <QPointer>
 #include <QTimer>
 #include <memory>
 #include <optional>
+#include <vector>
 
 class QAction;
 class QLabel;
@@ -27,6 +31,7 @@ class MessageArea;
 class QtDialogs;
 class RunFormView;
 class StatementView;
+class TransactionRun;
 
 class MainWindow : public QMainWindow {
 public:
@@ -37,6 +42,7 @@ public:
     RunFormView& runForm() { return *runForm_; }
     StatementView& statement() { return *statement_; }
     MessageArea& messages() { return *messages_; }
+    TransactionRun& run() { return *run_; }
     // The place the learning dialogue is started from, beside the input format.
     QAction* learnAction() const { return learn_; }
     // The one-shot timer that processes a noticed clipboard.
@@ -55,6 +61,7 @@ public:
     void processClipboard();
     // The run form's range from the day after the last run's range ended to today.
     void continueFromLastTime();
+    // Starts the run on a thread of its own; the window waits for it, its controls held.
     void processTransactions();
     // The learn action: learns the input format named in the run form from the statement.
     void learnInputFormat();
@@ -76,15 +83,23 @@ private:
     void editPreferences();
     void afterIntake(std::optional<Intake> intake);
     void showState();
+    // While a run works, nothing else may reach its controller: every control and action but
+    // the run's Cancel is held, and given back as it was.
+    void holdWhileRunning(bool hold);
+    void runEnded();
 
     Context& ctx_;
     QtDialogs& dialogs_;
+    GuiThreadDialogs runDialogs_; // what the controller asks through, from either thread
     std::unique_ptr<Controller> controller_;
+    std::vector<QPointer<QAction>> heldActions_;
+    bool rereadAfterRun_ = false;
     QAction* learn_ = nullptr;
     QAction* continueFromLast_ = nullptr;
     QMenu* exportMenu_ = nullptr;
     QMenu* recentMenu_ = nullptr;
     MessageArea* messages_ = nullptr;
+    TransactionRun* run_ = nullptr;
     QStackedWidget* pages_ = nullptr;
     QLabel* waiting_ = nullptr;
     RunFormView* runForm_ = nullptr;

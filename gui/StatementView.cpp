@@ -1,5 +1,6 @@
 #include "StatementView.h"
 
+#include "ProgressRow.h"
 #include "StatementLoader.h"
 #include "Text.h"
 #include "TransactionTableModel.h"
@@ -7,7 +8,6 @@
 #include "app/StatementRows.h"
 #include "app/TableTexts.h"
 
-#include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
 #include <QProgressBar>
@@ -52,16 +52,11 @@ StatementView::StatementView(Context& ctx, const Controller& controller, QWidget
     summary_->setObjectName(QStringLiteral("summary"));
     summary_->setWordWrap(true);
     progressRow_ = new QWidget(this);
-    bar_ = new QProgressBar(progressRow_);
-    bar_->setAccessibleName(tr("Reading progress"));
-    cancel_ = new QPushButton(tr("Cancel"), progressRow_);
-    cancel_->setObjectName(QStringLiteral("cancelReading"));
-    cancel_->setShortcut(Qt::Key_Escape);
-    cancel_->setToolTip(tr("Stop reading the statement (Esc)"));
-    auto* row = new QHBoxLayout(progressRow_);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->addWidget(bar_, 1);
-    row->addWidget(cancel_);
+    ProgressRow row =
+        fillProgressRow(*progressRow_, tr("Reading progress"), QStringLiteral("cancelReading"),
+                        tr("Stop reading the statement (Esc)"));
+    bar_ = row.bar;
+    cancel_ = row.cancel;
     progressRow_->hide();
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);

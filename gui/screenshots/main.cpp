@@ -18,6 +18,7 @@
 #include "QtDialogs.h"
 #include "StatementLoader.h"
 #include "StatementView.h"
+#include "TransactionRun.h"
 #include "app/Controller.h"
 #include "app/StartUp.h"
 #include "context/Context.h"
@@ -183,7 +184,12 @@ int main(int argc, char** argv) {
     if (window.statement().loader().busy())
         reading.exec();
     dialogs.save(window, QStringLiteral("main-window"));
+    // The run works on a thread of its own too; its forms are pictured as it asks.
+    QEventLoop running;
+    QObject::connect(&window.run(), &gui::TransactionRun::finished, &running, &QEventLoop::quit);
     window.processTransactions();
+    if (window.run().busy())
+        running.exec();
     if (arguments.size() > 5) {
         if (!window.openFile(arguments.at(5)))
             return 1;

@@ -71,6 +71,9 @@ public:
     // processTheTransactions: — the process button. `mainWindowVisible` is false when the run
     // started by itself (the suggested file name differs then).
     RunEnd processTheTransactions(bool mainWindowVisible = true);
+    // Who watches the walks of the runs to come: a front end running them on another thread
+    // shows their progress and stops them.
+    void watchWalks(WalkWatch watch) { walkWatch_ = std::move(watch); }
 
     // continueFromWhereIStoppedLastTime: — the range from the day after the last run's range
     // ended (or today) to today.
@@ -174,6 +177,7 @@ private:
     std::string lastProcessedClipboard_;
     std::string controlHelpAnchor_;
     std::optional<std::string> account_;
+    WalkWatch walkWatch_;
     bool justActivated_ = false;
     // The run's output.
     std::string outputFilePath_;

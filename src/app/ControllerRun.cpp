@@ -129,6 +129,7 @@ WalkOptions Controller::walkOptions() const {
     options.markAsCleared = markAsCleared_;
     options.markAsUncleared = markAsUncleared_;
     options.swapDescriptionAndMemo = inputTypeTag() & kQifSwapDescriptionAndMemo;
+    options.watch = walkWatch_;
     return options;
 }
 

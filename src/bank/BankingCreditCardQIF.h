@@ -9,8 +9,10 @@
 #include "prefs/Value.h"
 
 #include <cstddef>
+#include <functional>
 #include <optional>
 #include <span>
+#include <stop_token>
 #include <string>
 #include <string_view>
 #include <unordered_set>
@@ -25,6 +27,13 @@ class ErrorWarning;
 class Instructions;
 class OutputFormats;
 
+// Who watches a long walk from outside: told how far it got, and able to stop it, which ends it
+// as the cancel question's Stop Now does, with nothing output.
+struct WalkWatch {
+    std::stop_token stop;
+    std::function<void(std::size_t done, std::size_t total)> progress;
+};
+
 // What the run hands the walk (the run form's choices for this run).
 struct WalkOptions {
     std::string outputDate;   // a fixed date for every transaction, or ""
@@ -33,6 +42,7 @@ struct WalkOptions {
     bool markAsUncleared = false;
     bool swapDescriptionAndMemo = false;     // the input-type choice asks for it
     const Dictionary* inputFormat = nullptr; // for text input: error warnings may be silenced
+    WalkWatch watch;
 };
 
 // How a walk ended: the number of transactions appended, and the continuation record when the

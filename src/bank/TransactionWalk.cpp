@@ -317,7 +317,13 @@ WalkResult BankingCreditCardQIF::walkOn(Walk& walk) {
     std::string& output = walk.output;
     extractedCheckNumber.reset();
     cancelReturnsToConfirm = false;
+    const WalkWatch& watch = walk.options.watch;
     while (current_ < records_.size()) {
+        if (watch.stop.stop_requested())
+            return {0, std::nullopt};
+        // Told every so often only: a report per transaction would cost more than the walk.
+        if (watch.progress && current_ % 256 == 0)
+            watch.progress(current_, records_.size());
         switch (step(walk)) {
         case Step::advanced:
             ++numberOfTransactionsAppended;

@@ -8,6 +8,7 @@
 #include "ConfirmDialog.h"
 #include "MainWindow.h"
 #include "NewInstructionDialog.h"
+#include "TransactionRun.h"
 #include "app/Controller.h"
 #include "app/StartUp.h"
 #include "knowledge/RenameFormatForm.h"
@@ -17,6 +18,7 @@
 #include <QProcess>
 #include <QProcessEnvironment>
 #include <QPushButton>
+#include <QSignalSpy>
 #include <QTest>
 
 namespace tavvel {
@@ -117,7 +119,9 @@ private slots:
         QCOMPARE(dialogs.unexpected, QStringList());
         auto* process = window.findChild<QPushButton*>(QStringLiteral("process"));
         QVERIFY(process && process->isEnabled());
+        QSignalSpy ran(&window.run(), &gui::TransactionRun::finished);
         process->click();
+        QVERIFY(ran.wait(60000));
 
         QVERIFY(suggested.endsWith(QLatin1String(".qif")));
         QCOMPARE(finished.size(), 1);
