@@ -2,6 +2,7 @@
 
 #include "CliOptions.h"
 #include "CliTexts.h"
+#include "HistoryCommand.h"
 #include "RunCommand.h"
 #include "RunFormOptions.h"
 #include "SettingsCommand.h"
@@ -92,6 +93,8 @@ int run(int argc, char** argv) {
     if (options.showPreferences)
         std::cout << terminalText(ctx.prefs.description()) << "\n";
     if (auto status = knowledgeCommand(options, ctx, dialogs))
+        return *status;
+    if (auto status = historyCommand(options, ctx, std::cout, std::cerr))
         return *status;
     if (!options.inputFile)
         return kExitOK;

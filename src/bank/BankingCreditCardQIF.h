@@ -5,6 +5,7 @@
 
 #include "bank/PendingRecords.h"
 #include "forms/ConfirmForm.h"
+#include "forms/NewInstructionForm.h"
 #include "prefs/Value.h"
 
 #include <cstddef>
@@ -23,6 +24,9 @@ class ErrorWarning;
 enum class OfxNumbering;
 class Instructions;
 class OutputFormats;
+class RunDuplicates;
+class CategorySuggester;
+struct TransactionKey;
 
 // What the run hands the walk (the run form's choices for this run).
 struct WalkOptions {
@@ -32,6 +36,8 @@ struct WalkOptions {
     bool markAsUncleared = false;
     bool swapDescriptionAndMemo = false;     // the input-type choice asks for it
     const Dictionary* inputFormat = nullptr; // for text input: error warnings may be silenced
+    // A transaction left as read by a run that never asks takes the suggested category.
+    bool writeSuggestions = false;
 };
 
 // How a walk ended: the number of transactions appended, and the continuation record when the
@@ -98,6 +104,15 @@ public:
     // The tag of the QIF input-type choice of the run (see QifInputTypes.h).
     int qifInputTypeTag = 0;
 
+    // The run's duplicates (none when the history is off): markDuplicates marks every record
+    // read, before the walk; the walk asks before writing one and reports what it wrote.
+    RunDuplicates* duplicates = nullptr;
+    void markDuplicates();
+    // Suggests categories in the new-instruction form (none: no suggestions).
+    CategorySuggester* suggester = nullptr;
+    TransactionKey historyKeyAt(std::size_t i);
+    TransactionKey historyKeyOf(Dictionary record);
+
     std::vector<Dictionary> qif;
     // Text statements: a record is made when the walk reaches it (or the walk is left for
     // later); until then its place in `qif` is empty. Off, every record is made while reading.
@@ -125,6 +140,10 @@ private:
     struct Walk;     // what one walk works with
     enum class Step { advanced, skipped, rerun, back, stop, stopNow, finishLater };
     Step step(Walk& walk);
+    bool leavesOutDuplicate(Walk& walk, const Dictionary& record);
+    void noteWalked(const Walk& walk, bool written);
+    void suggestInto(NewInstructionForm::Setup& setup) const;
+    void takeSuggestion(const Walk& walk, const NewInstructionForm& form, Dictionary& record);
     WalkResult walkOn(Walk& walk);
     Prepared prepare(Dictionary& record, std::string& output, const WalkOptions& options);
     bool keepsInputCategory(const Dictionary& record) const;

@@ -184,6 +184,7 @@ std::optional<Dictionary> BankingCreditCardQIF::readOFXTransaction(std::string_v
         {std::string(txkey::date), Value(formatDate(date, ctx_.output.longDatePattern()))}};
     addNumber(piece, numbering, utf8, record);
     addField(txkey::memo, "<MEMO>", piece, record, utf8);
+    addField(txkey::fitid, "<FITID>", piece, record, utf8);
     if (!addField(txkey::description, "<NAME>", piece, record, utf8))
         record.emplace(std::string(txkey::description), Value(""));
     if (!addField(txkey::amount, "<TRNAMT>", piece, record))

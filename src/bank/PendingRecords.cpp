@@ -70,9 +70,8 @@ void PendingRecords::add(const Texts& texts) {
     }
 }
 
-Dictionary PendingRecords::take(std::size_t i) {
+PendingRecords::Texts PendingRecords::textsAt(std::size_t i) const {
     std::size_t at = starts_[i];
-    starts_[i] = taken;
     auto present = static_cast<unsigned char>(packed_[at++]);
     Texts texts;
     for (std::size_t k = 0; k < keys.size(); ++k) {
@@ -82,6 +81,12 @@ Dictionary PendingRecords::take(std::size_t i) {
         texts[k] = std::string_view(packed_).substr(at, length);
         at += length;
     }
+    return texts;
+}
+
+Dictionary PendingRecords::take(std::size_t i) {
+    Texts texts = textsAt(i);
+    starts_[i] = taken;
     Dictionary record = std::move(reusable_);
     reusable_.clear();
     fillIn(record, texts);

@@ -29,6 +29,8 @@ public:
     bool pending(std::size_t i) const { return i < starts_.size() && starts_[i] != taken; }
     // Record `i`, which stops being pending. Only for a pending record.
     Dictionary take(std::size_t i);
+    // Texts of pending record `i`, which stays pending.
+    Texts textsAt(std::size_t i) const;
     // Keeps a record nothing reads any more (which it empties), for the next records taken
     // to be built in: a walk over many thousands of transactions then hardly allocates.
     void recycle(Dictionary& record);

@@ -270,6 +270,8 @@ BankingCreditCardQIF::Step BankingCreditCardQIF::step(Walk& walk) {
                               textOf(record, txkey::errorText), std::string(text::skipTransaction));
         return pressed == 1 ? Step::skipped : Step::stop;
     }
+    if (leavesOutDuplicate(walk, record))
+        return Step::skipped;
     splitInstructionConfirm = false;
     Prepared p = prepare(record, walk.output, walk.options);
     instruction_.clear();
@@ -323,11 +325,13 @@ WalkResult BankingCreditCardQIF::walkOn(Walk& walk) {
     extractedCheckNumber.reset();
     cancelReturnsToConfirm = false;
     while (currentTransactionIndex < maxTransactionIndex) {
-        switch (step(walk)) {
+        Step taken = step(walk);
+        switch (taken) {
         case Step::advanced:
             ++numberOfTransactionsAppended;
             [[fallthrough]];
         case Step::skipped:
+            noteWalked(walk, taken == Step::advanced);
             letGo(currentTransactionIndex, walk);
             ++currentTransactionIndex;
             extractedCheckNumber.reset();

@@ -174,6 +174,7 @@ void OutputFormats::produceBankCCOutput(std::string& output, const BankOutput& t
         convertOutputForFieldType(ctx_.prefs, prefkey::MemoOutput, description, memo);
     if (t.category)
         Categories(ctx_.prefs).registerCategory(*t.category, dialogs_);
+    noteCategory(t);
     std::string number = withoutLeadingBlanks(t.number);
     if (QIFOutput()) {
         if (optionOn(ctx_.prefs, option::removeLongNumber) && number.size() > 5)
@@ -182,6 +183,13 @@ void OutputFormats::produceBankCCOutput(std::string& output, const BankOutput& t
         return;
     }
     writeDelimited(output, t, descriptionText, memoText, number);
+}
+
+// A split transaction is remembered under its first split's category.
+void OutputFormats::noteCategory(const BankOutput& t) {
+    lastCategory_ = t.category.value_or("");
+    if (t.splits && !t.splits->empty() && t.splits->front().isDictionary())
+        lastCategory_ = textOf(t.splits->front().dictionary(), "category");
 }
 
 void OutputFormats::writeQIF(std::string& output, const BankOutput& t,

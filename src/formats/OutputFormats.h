@@ -49,6 +49,8 @@ public:
 
     // produceBankCCOutput:date:description:memo:amount:number:category:cleared:splits:
     void produceBankCCOutput(std::string& output, const BankOutput& transaction);
+    // The category of the transaction produced last, for the conversion history.
+    const std::string& lastCategory() const { return lastCategory_; }
     // produceInvestmentOutput:... — only in a delimited layout; QIF investment records are
     // written by the investment engine.
     void produceInvestmentOutput(std::string& output, const InvestmentOutput& transaction);
@@ -62,6 +64,8 @@ public:
     static std::string reformatPattern(std::string_view percentPattern);
 
 private:
+    void noteCategory(const BankOutput& t);
+    std::string lastCategory_;
     void writeQIF(std::string& output, const BankOutput& t, const std::string& description,
                   const std::optional<std::string>& memo, const std::string& number);
     void writeDelimited(std::string& output, const BankOutput& t, const std::string& description,

@@ -1,8 +1,6 @@
-#include "dialogs/MessageFormat.h"
 #include "history/ConversionHistory.h"
 #include "history/DescriptionWords.h"
 #include "history/HistoryDatabase.h"
-#include "history/HistoryTexts.h"
 #include "history/RunDuplicates.h"
 #include "support/TestContext.h"
 
@@ -20,6 +18,11 @@ HistoryEntry entry(std::string date, std::string amount, std::string description
     return {{std::move(date), std::move(amount), "", std::move(description), std::move(fitid)},
             std::move(category),
             ""};
+}
+
+// The message with the file's path where it says PATH.
+std::string withPath(std::string message, const std::filesystem::path& file) {
+    return message.replace(message.find("PATH"), 4, file.string());
 }
 
 std::string bytesOf(const std::filesystem::path& file) {
@@ -141,7 +144,11 @@ TEST(HistoryStore, DamagedFileIsKeptAsideAndUnwritablePlaceIsReported) {
     ASSERT_TRUE(history.available());
     auto aside = place / "history.sqlite.corrupt-20231114T221320Z";
     EXPECT_EQ(bytesOf(aside), garbage);
-    EXPECT_EQ(history.takeNotice(), formatMessage(text::historyDamaged, aside.string()));
+    EXPECT_EQ(history.takeNotice(),
+              withPath("The conversion history could not be read, so it was kept aside as "
+                       "\"PATH\" and a new one was started.  Transactions converted before "
+                       "cannot be recognised as duplicates this time.",
+                       aside));
     EXPECT_FALSE(history.takeNotice());
     history.record("A", Date{1700000000}, {entry("1/2/2024", "-5.00", "COFFEE")});
     EXPECT_EQ(history.database().transactionCount(), 1);
@@ -152,10 +159,26 @@ TEST(HistoryStore, DamagedFileIsKeptAsideAndUnwritablePlaceIsReported) {
     ConversionHistory none;
     none.open(blocked / "Tavvel", Date{0});
     EXPECT_FALSE(none.available());
-    EXPECT_EQ(none.takeNotice(), formatMessage(text::historyUnwritable,
-                                               (blocked / "Tavvel" / "history.sqlite").string()));
+    EXPECT_EQ(none.takeNotice(),
+              withPath("The conversion history \"PATH\" cannot be opened for writing.  The "
+                       "conversion goes ahead, but duplicates are not looked for and this "
+                       "conversion is not remembered.",
+                       blocked / "Tavvel" / "history.sqlite"));
     none.record("A", Date{0}, {entry("1/2/2024", "-5.00", "COFFEE")});
     EXPECT_FALSE(none.takeNotice());
+
+    // A database that turns out unable to take the run: the run's file stands, the user is told.
+    sqlite3* raw = nullptr;
+    ASSERT_EQ(sqlite3_open((place / "history.sqlite").c_str(), &raw), SQLITE_OK);
+    ASSERT_EQ(sqlite3_exec(raw, "DROP TABLE words", nullptr, nullptr, nullptr), SQLITE_OK);
+    sqlite3_close(raw);
+    history.record("A", Date{1700000000}, {entry("1/3/2024", "-1.00", "TEA")});
+    EXPECT_EQ(history.takeNotice(),
+              withPath("The conversion history \"PATH\" could not record this conversion; the "
+                       "output file was written.  These transactions will not be recognised as "
+                       "duplicates later.",
+                       place / "history.sqlite"));
+    EXPECT_EQ(history.database().transactionCount(), 1) << "the failed run left nothing behind";
 }
 
 TEST(HistoryStore, DescriptionWordsLeaveOutNumbersAndCardPrefixes) {
