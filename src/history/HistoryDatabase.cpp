@@ -126,6 +126,11 @@ HistoryDatabase::Opened HistoryDatabase::open(const std::filesystem::path& file)
         return Opened::unwritable;
     }
     sqlite3_busy_timeout(db_, 2000);
+    // SQLite opens a file it may not write read-only without a word: that is no history.
+    if (sqlite3_db_readonly(db_, "main") == 1) {
+        close();
+        return Opened::unwritable;
+    }
     // A file that is not a database fails its first read; one we may not write, its first write.
     int version = userVersion();
     if (version < 0 || version > schemaVersion() ||
