@@ -66,8 +66,7 @@ bool Controller::convertAllAgain() {
         dialogs_.ask(std::string(text::allConvertedBeforeTitle), text,
                      {std::string(text::convertAgain), std::string(text::leaveThemOut)});
     if (pressed != 0) {
-        for (std::size_t i = 0; i < marks.marked(); ++i)
-            marks.leftOut(i);
+        marks.leaveAllOut();
         return false;
     }
     marks.convertAllAgain();

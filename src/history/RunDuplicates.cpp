@@ -21,7 +21,10 @@ void RunDuplicates::mark(std::size_t index, TransactionKey key) {
         if (before < known.count)
             duplicateAt_[index] = known.firstConvertedAt;
     }
-    keys_.insert_or_assign(index, std::move(key));
+    ++marked_;
+    if (keys_.size() <= index)
+        keys_.resize(index + 1);
+    keys_[index] = std::move(key);
 }
 
 std::optional<std::int64_t> RunDuplicates::duplicateOn(std::size_t index) const {
@@ -37,9 +40,13 @@ std::int64_t RunDuplicates::firstConvertedAt() const {
     return first;
 }
 
+void RunDuplicates::leaveAllOut() {
+    for (const auto& [index, at] : duplicateAt_)
+        leftOut(index);
+}
+
 void RunDuplicates::written(std::size_t index, std::string category, std::string instruction) {
-    auto key = keys_.find(index);
-    HistoryEntry entry{key == keys_.end() ? TransactionKey{} : key->second, std::move(category),
+    HistoryEntry entry{index < keys_.size() ? keys_[index] : TransactionKey{}, std::move(category),
                        std::move(instruction)};
     written_.insert_or_assign(index, std::move(entry));
     leftOut_.erase(index);

@@ -28,7 +28,7 @@ public:
     void mark(std::size_t index, TransactionKey key);
     // When the transaction was first written, for one marked a duplicate.
     std::optional<std::int64_t> duplicateOn(std::size_t index) const;
-    std::size_t marked() const { return keys_.size(); }
+    std::size_t marked() const { return marked_; }
     std::size_t duplicates() const { return duplicateAt_.size(); }
     // The earliest conversion among the duplicates.
     std::int64_t firstConvertedAt() const;
@@ -38,6 +38,8 @@ public:
         allAgain_ = true;
     }
     bool convertsAllAgain() const { return allAgain_; }
+    // None of the duplicates is to be written: all count as left out.
+    void leaveAllOut();
 
     // The walk reports each transaction it wrote or left out (a transaction walked again after
     // Back is reported again). A duplicate left out is counted.
@@ -53,12 +55,13 @@ public:
 private:
     HistoryDatabase* db_;
     std::string account_;
-    std::unordered_map<std::size_t, TransactionKey> keys_;
+    std::vector<TransactionKey> keys_;                   // by place in the statement
     std::unordered_map<std::string, std::int64_t> seen_; // equal keys met so far
     std::unordered_map<std::size_t, std::int64_t> duplicateAt_;
     std::map<std::size_t, HistoryEntry> written_;
     std::map<std::size_t, bool> leftOut_;
     bool allAgain_ = false;
+    std::size_t marked_ = 0;
 };
 
 } // namespace tavvel
