@@ -19,15 +19,32 @@ namespace tavvel {
 
 namespace {
 
-Dictionary peekedRecord(const PendingRecords& pending, std::size_t i) {
-    return PendingRecords::recordOf(pending.textsAt(i));
+std::optional<std::string_view> pendingText(const PendingRecords::Texts& texts,
+                                            std::string_view key) {
+    for (std::size_t k = 0; k < PendingRecords::keys.size(); ++k)
+        if (PendingRecords::keys[k] == key)
+            return texts[k];
+    return std::nullopt;
 }
 
 } // namespace
 
 // The amount is taken as it will be written, so that "1,234.50" and "1234.50" are one amount.
+// A record not made yet is read from its packed texts: a whole record for each of many
+// thousands of transactions would cost more than the lookup it is for.
 TransactionKey BankingCreditCardQIF::historyKeyAt(std::size_t i) {
-    return historyKeyOf(pending_.pending(i) ? peekedRecord(pending_, i) : qif[i]);
+    if (!pending_.pending(i))
+        return historyKeyOf(qif[i]);
+    PendingRecords::Texts texts = pending_.textsAt(i);
+    auto text = [&texts](std::string_view key) {
+        return std::string(pendingText(texts, key).value_or(""));
+    };
+    TransactionKey key{text(txkey::date), "", text(txkey::number), text(txkey::description), ""};
+    if (auto amount = pendingText(texts, txkey::amount)) {
+        Dictionary record{{std::string(txkey::amount), Value(std::string(*amount))}};
+        key.amount = normalizeQIFAmountIn(record).value_or("");
+    }
+    return key;
 }
 
 TransactionKey BankingCreditCardQIF::historyKeyOf(Dictionary record) {

@@ -11,7 +11,7 @@ namespace tavvel {
 
 namespace {
 
-// How many of the latest transactions holding a word are looked at, per word.
+// How many of the latest payees holding a word are looked at, per word.
 constexpr std::size_t kPerWord = 40;
 // Below this share of the description's weight, nothing known is similar enough to suggest.
 constexpr double kLeast = 0.25;
@@ -24,7 +24,7 @@ bool holds(const std::vector<std::string>& words, const std::string& word) {
 
 CategorySuggester::CategorySuggester(HistoryDatabase* db) : db_(db) {
     if (db_)
-        documents_ = static_cast<double>(db_->transactionCount());
+        documents_ = static_cast<double>(db_->filedCount());
 }
 
 void CategorySuggester::addInstruction(std::string_view matchText, std::string_view category) {

@@ -1,7 +1,8 @@
 #include "history/HistoryDatabase.h"
 
-#include "history/DescriptionWords.h"
+#include "history/PayeeTally.h"
 
+#include <algorithm>
 #include <array>
 #include <sqlite3.h>
 
@@ -21,16 +22,21 @@ constexpr std::array<std::string_view, 2> kSteps = {
     " fitid TEXT NOT NULL);"
     "CREATE INDEX transactions_by_fitid ON transactions(account, fitid) WHERE fitid <> '';"
     "CREATE INDEX transactions_by_fields ON transactions(account, date, amount, description);",
-    // 2: the words of each description, for suggestions; filled in from step 1's rows after.
-    "CREATE TABLE words(word TEXT NOT NULL, tx INTEGER NOT NULL);"
-    "CREATE INDEX words_by_word ON words(word, tx);"
+    // 2: the payees filed under each category, by the words of their descriptions, for
+    // suggestions; filled in from step 1's rows after.
+    "CREATE TABLE payees(id INTEGER PRIMARY KEY, words TEXT NOT NULL, category TEXT NOT NULL,"
+    " description TEXT NOT NULL, count INTEGER NOT NULL, last_at INTEGER NOT NULL,"
+    " UNIQUE(words, category));"
+    "CREATE TABLE payee_words(word TEXT NOT NULL, payee INTEGER NOT NULL,"
+    " PRIMARY KEY(word, payee)) WITHOUT ROWID;"
     "CREATE TABLE word_counts(word TEXT PRIMARY KEY, n INTEGER NOT NULL) WITHOUT ROWID;",
 };
 
 enum Statement {
     kInsertRun,
     kInsertTransaction,
-    kInsertWord,
+    kUpsertPayee,
+    kInsertPayeeWord,
     kCountWord,
     kLookUpFitid,
     kLookUpFields,
@@ -38,6 +44,7 @@ enum Statement {
     kFiled,
     kWordCount,
     kTransactionCount,
+    kFiledCount,
     kStatementCount
 };
 
@@ -45,11 +52,16 @@ constexpr std::array<std::string_view, kStatementCount> kSql = {
     "INSERT INTO runs(account, converted_at) VALUES(?1, ?2)",
     "INSERT INTO transactions(run, account, date, amount, number, description, category,"
     " instruction, fitid) VALUES(?1, ?2, ?3, ?4, ?5, ?6, ?7, ?8, ?9)",
-    "INSERT INTO words(word, tx) VALUES(?1, ?2)",
-    "INSERT INTO word_counts(word, n) VALUES(?1, 1) ON CONFLICT(word) DO UPDATE SET n = n + 1",
+    "INSERT INTO payees(words, category, description, count, last_at) VALUES(?1, ?2, ?3, ?4, ?5)"
+    " ON CONFLICT(words, category) DO UPDATE SET count = count + excluded.count,"
+    " description = excluded.description, last_at = excluded.last_at RETURNING id",
+    "INSERT OR IGNORE INTO payee_words(word, payee) VALUES(?1, ?2)",
+    "INSERT INTO word_counts(word, n) VALUES(?1, ?2)"
+    " ON CONFLICT(word) DO UPDATE SET n = n + excluded.n",
+    // The last condition lets the partial index on ids serve the lookup.
     "SELECT MAX(c), MIN(at) FROM (SELECT COUNT(*) AS c, MIN(r.converted_at) AS at"
     " FROM transactions t JOIN runs r ON r.id = t.run"
-    " WHERE t.account = ?1 AND t.fitid = ?2 GROUP BY t.run)",
+    " WHERE t.account = ?1 AND t.fitid = ?2 AND t.fitid <> '' GROUP BY t.run)",
     // Without an id of its own, a transaction matches any earlier one of the same fields, ids
     // or not: the same statement may have come once as OFX and once as QIF.
     "SELECT MAX(c), MIN(at) FROM (SELECT COUNT(*) AS c, MIN(r.converted_at) AS at"
@@ -59,11 +71,11 @@ constexpr std::array<std::string_view, kStatementCount> kSql = {
     "SELECT t.date, t.amount, t.number, t.description, t.category, t.instruction, t.fitid,"
     " r.converted_at FROM transactions t JOIN runs r ON r.id = t.run WHERE t.account = ?1"
     " ORDER BY t.id",
-    "SELECT t.description, t.category, r.converted_at FROM words w"
-    " JOIN transactions t ON t.id = w.tx JOIN runs r ON r.id = t.run"
-    " WHERE w.word = ?1 AND t.category <> '' ORDER BY w.tx DESC LIMIT ?2",
+    "SELECT p.description, p.category, p.last_at FROM payee_words w"
+    " JOIN payees p ON p.id = w.payee WHERE w.word = ?1 ORDER BY p.last_at DESC LIMIT ?2",
     "SELECT n FROM word_counts WHERE word = ?1",
     "SELECT COUNT(*) FROM transactions",
+    "SELECT COALESCE(SUM(count), 0) FROM payees",
 };
 
 void bindText(sqlite3_stmt* s, int at, std::string_view text) {
@@ -146,14 +158,23 @@ HistoryDatabase::Opened HistoryDatabase::open(const std::filesystem::path& file)
         close();
         return code == SQLITE_READONLY ? Opened::unwritable : Opened::damaged;
     }
+    if (!prepareAll()) {
+        close();
+        return Opened::damaged;
+    }
+    return Opened::ok;
+}
+
+// Once the schema is current; a second call finds them made.
+bool HistoryDatabase::prepareAll() {
+    if (!statements_.empty())
+        return true;
     statements_.assign(kStatementCount, nullptr);
     for (int i = 0; i < kStatementCount; ++i)
         if (sqlite3_prepare_v2(db_, kSql[i].data(), static_cast<int>(kSql[i].size()),
-                               &statements_[i], nullptr) != SQLITE_OK) {
-            close();
-            return Opened::damaged;
-        }
-    return Opened::ok;
+                               &statements_[i], nullptr) != SQLITE_OK)
+            return false;
+    return true;
 }
 
 bool HistoryDatabase::migrate() {
@@ -167,7 +188,7 @@ bool HistoryDatabase::migrate() {
         ok = execute(kSteps[static_cast<std::size_t>(step)]);
     // Rows written before descriptions were split into words get their words now.
     if (ok && from >= 1 && from < 2)
-        ok = backfillWords();
+        ok = prepareAll() && rebuildPayees();
     ok = ok && execute("PRAGMA user_version = " + std::to_string(schemaVersion()));
     if (ok && execute("COMMIT"))
         return true;
@@ -179,37 +200,62 @@ sqlite3_stmt* HistoryDatabase::prepared(int which) {
     return statements_[which];
 }
 
-bool HistoryDatabase::addWords(std::int64_t tx, std::string_view description) {
-    for (const std::string& word : descriptionWords(description)) {
-        sqlite3_stmt* s = prepared(kInsertWord);
-        bindText(s, 1, word);
-        sqlite3_bind_int64(s, 2, tx);
+bool HistoryDatabase::writeTally(const PayeeTally& tally) {
+    for (const auto& [key, p] : tally.payees()) {
+        sqlite3_stmt* s = prepared(kUpsertPayee);
+        bindText(s, 1, key.first);
+        bindText(s, 2, key.second);
+        bindText(s, 3, p.description);
+        sqlite3_bind_int64(s, 4, p.count);
+        sqlite3_bind_int64(s, 5, p.lastAt);
+        if (sqlite3_step(s) != SQLITE_ROW) {
+            finish(s);
+            return false;
+        }
+        std::int64_t id = sqlite3_column_int64(s, 0);
+        finish(s);
+        if (!addPayeeWords(id, key.first))
+            return false;
+    }
+    for (const auto& [word, n] : tally.words()) {
         sqlite3_stmt* c = prepared(kCountWord);
         bindText(c, 1, word);
-        if (!finish(s) || !finish(c))
+        sqlite3_bind_int64(c, 2, n);
+        if (!finish(c))
             return false;
     }
     return true;
 }
 
-bool HistoryDatabase::backfillWords() {
-    // The statements are not prepared yet while migrating: these two are needed here.
-    statements_.assign(kStatementCount, nullptr);
-    for (int i : {kInsertWord, kCountWord})
-        if (sqlite3_prepare_v2(db_, kSql[i].data(), -1, &statements_[i], nullptr) != SQLITE_OK)
+bool HistoryDatabase::addPayeeWords(std::int64_t payee, std::string_view words) {
+    for (std::size_t at = 0; at < words.size();) {
+        std::size_t end = std::min(words.find(' ', at), words.size());
+        sqlite3_stmt* s = prepared(kInsertPayeeWord);
+        bindText(s, 1, words.substr(at, end - at));
+        sqlite3_bind_int64(s, 2, payee);
+        if (!finish(s))
             return false;
-    sqlite3_stmt* rows = nullptr;
-    if (sqlite3_prepare_v2(db_, "SELECT id, description FROM transactions", -1, &rows, nullptr) !=
-        SQLITE_OK)
+        at = end + 1;
+    }
+    return true;
+}
+
+// Payees and word counts made again from every transaction kept: after the migration that
+// brought them in, and after an account's transactions were forgotten.
+bool HistoryDatabase::rebuildPayees() {
+    if (!execute("DELETE FROM payee_words; DELETE FROM payees; DELETE FROM word_counts;"))
         return false;
-    bool ok = true;
-    while (ok && sqlite3_step(rows) == SQLITE_ROW)
-        ok = addWords(sqlite3_column_int64(rows, 0), column(rows, 1));
+    sqlite3_stmt* rows = nullptr;
+    if (sqlite3_prepare_v2(db_,
+                           "SELECT t.description, t.category, r.converted_at FROM transactions t"
+                           " JOIN runs r ON r.id = t.run",
+                           -1, &rows, nullptr) != SQLITE_OK)
+        return false;
+    PayeeTally tally;
+    while (sqlite3_step(rows) == SQLITE_ROW)
+        tally.add(column(rows, 0), column(rows, 1), sqlite3_column_int64(rows, 2));
     sqlite3_finalize(rows);
-    for (sqlite3_stmt* s : statements_)
-        sqlite3_finalize(s);
-    statements_.clear();
-    return ok;
+    return writeTally(tally);
 }
 
 bool HistoryDatabase::insertEntry(std::int64_t run, std::string_view account,
@@ -224,7 +270,7 @@ bool HistoryDatabase::insertEntry(std::int64_t run, std::string_view account,
     bindText(s, 7, e.category);
     bindText(s, 8, e.instruction);
     bindText(s, 9, e.key.fitid);
-    return finish(s) && addWords(sqlite3_last_insert_rowid(db_), e.key.description);
+    return finish(s);
 }
 
 bool HistoryDatabase::recordRun(std::string_view account, std::int64_t convertedAt,
@@ -236,8 +282,12 @@ bool HistoryDatabase::recordRun(std::string_view account, std::int64_t converted
     sqlite3_bind_int64(s, 2, convertedAt);
     bool ok = finish(s);
     std::int64_t run = sqlite3_last_insert_rowid(db_);
-    for (std::size_t i = 0; ok && i < entries.size(); ++i)
+    PayeeTally tally;
+    for (std::size_t i = 0; ok && i < entries.size(); ++i) {
         ok = insertEntry(run, account, entries[i]);
+        tally.add(entries[i].key.description, entries[i].category, convertedAt);
+    }
+    ok = ok && writeTally(tally);
     if (ok && execute("COMMIT"))
         return true;
     execute("ROLLBACK");
@@ -299,14 +349,8 @@ std::int64_t HistoryDatabase::forget(std::string_view account) {
     if (!db_ || !execute("BEGIN IMMEDIATE"))
         return -1;
     std::int64_t before = transactionCount();
-    bool ok =
-        executeFor("DELETE FROM words WHERE tx IN"
-                   " (SELECT id FROM transactions WHERE account = ?1)",
-                   account) &&
-        executeFor("DELETE FROM transactions WHERE account = ?1", account) &&
-        executeFor("DELETE FROM runs WHERE account = ?1", account) &&
-        execute("DELETE FROM word_counts") &&
-        execute("INSERT INTO word_counts(word, n) SELECT word, COUNT(*) FROM words GROUP BY word");
+    bool ok = executeFor("DELETE FROM transactions WHERE account = ?1", account) &&
+              executeFor("DELETE FROM runs WHERE account = ?1", account) && rebuildPayees();
     std::int64_t forgotten = before - transactionCount();
     if (ok && execute("COMMIT"))
         return forgotten;
@@ -335,6 +379,15 @@ std::int64_t HistoryDatabase::wordCount(std::string_view word) {
         return 0;
     sqlite3_stmt* s = prepared(kWordCount);
     bindText(s, 1, word);
+    std::int64_t n = sqlite3_step(s) == SQLITE_ROW ? sqlite3_column_int64(s, 0) : 0;
+    finish(s);
+    return n;
+}
+
+std::int64_t HistoryDatabase::filedCount() {
+    if (!db_)
+        return 0;
+    sqlite3_stmt* s = prepared(kFiledCount);
     std::int64_t n = sqlite3_step(s) == SQLITE_ROW ? sqlite3_column_int64(s, 0) : 0;
     finish(s);
     return n;

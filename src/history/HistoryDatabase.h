@@ -17,6 +17,8 @@ struct sqlite3_stmt;
 
 namespace tavvel {
 
+class PayeeTally;
+
 class HistoryDatabase {
 public:
     enum class Opened { ok, damaged, unwritable };
@@ -43,23 +45,28 @@ public:
     // The number of transactions forgotten, or -1 when the database refused.
     std::int64_t forget(std::string_view account);
 
-    // Known descriptions with their category, most recent first, for the words given: what
-    // suggestions are drawn from.
+    // Known payees (the latest description of each) with their category, most recent first,
+    // for the words given: what suggestions are drawn from.
     struct Filed {
         std::string description;
         std::string category;
         std::int64_t convertedAt = 0;
     };
     std::vector<Filed> filedUnder(const std::vector<std::string>& words, std::size_t limit);
-    // How many written transactions hold the word (for its rarity), and how many there are.
+    // How many filed transactions hold the word (for its rarity), and how many there are.
     std::int64_t wordCount(std::string_view word);
     std::int64_t transactionCount();
+    // How many written transactions had a category and words: what suggestions weigh words
+    // against.
+    std::int64_t filedCount();
 
 private:
     bool execute(std::string_view sql);
     bool migrate();
-    bool backfillWords();
-    bool addWords(std::int64_t tx, std::string_view description);
+    bool prepareAll();
+    bool writeTally(const PayeeTally& tally);
+    bool addPayeeWords(std::int64_t payee, std::string_view words);
+    bool rebuildPayees();
     sqlite3_stmt* prepared(int which);
     bool insertEntry(std::int64_t run, std::string_view account, const HistoryEntry& e);
     bool executeFor(std::string_view sql, std::string_view account);

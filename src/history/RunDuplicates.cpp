@@ -14,11 +14,12 @@ std::string joined(const TransactionKey& key) {
 
 } // namespace
 
+// Only keys the history knows need counting: the others are never duplicates, however often
+// they come.
 void RunDuplicates::mark(std::size_t index, TransactionKey key) {
     if (db_) {
-        std::int64_t before = seen_[joined(key)]++;
         KnownKey known = db_->lookUp(account_, key);
-        if (before < known.count)
+        if (known.count > 0 && seen_[joined(key)]++ < known.count)
             duplicateAt_[index] = known.firstConvertedAt;
     }
     ++marked_;
@@ -45,30 +46,41 @@ void RunDuplicates::leaveAllOut() {
         leftOut(index);
 }
 
+RunDuplicates::Walked& RunDuplicates::walkedAt(std::size_t index) {
+    if (walked_.size() <= index)
+        walked_.resize(index + 1);
+    return walked_[index];
+}
+
 void RunDuplicates::written(std::size_t index, std::string category, std::string instruction) {
-    HistoryEntry entry{index < keys_.size() ? keys_[index] : TransactionKey{}, std::move(category),
-                       std::move(instruction)};
-    written_.insert_or_assign(index, std::move(entry));
-    leftOut_.erase(index);
+    walkedAt(index) = {Outcome::written, std::move(category), std::move(instruction)};
 }
 
 void RunDuplicates::leftOut(std::size_t index) {
-    written_.erase(index);
-    leftOut_.insert_or_assign(index, duplicateAt_.contains(index));
+    walkedAt(index) = {Outcome::leftOut, {}, {}};
 }
 
 std::size_t RunDuplicates::duplicatesLeftOut() const {
     std::size_t n = 0;
-    for (const auto& [index, duplicate] : leftOut_)
-        n += duplicate ? 1 : 0;
+    for (const auto& [index, at] : duplicateAt_)
+        n += index < walked_.size() && walked_[index].outcome == Outcome::leftOut ? 1 : 0;
     return n;
 }
 
 std::vector<HistoryEntry> RunDuplicates::entries() const {
     std::vector<HistoryEntry> out;
-    out.reserve(written_.size());
-    for (const auto& [index, entry] : written_)
-        out.push_back(entry);
+    for (std::size_t i = 0; i < walked_.size(); ++i)
+        if (walked_[i].outcome == Outcome::written)
+            out.push_back({i < keys_.size() ? keys_[i] : TransactionKey{}, walked_[i].category,
+                           walked_[i].instruction});
+    return out;
+}
+
+std::map<std::size_t, HistoryEntry> RunDuplicates::writtenSoFar() const {
+    std::map<std::size_t, HistoryEntry> out;
+    for (std::size_t i = 0; i < walked_.size(); ++i)
+        if (walked_[i].outcome == Outcome::written)
+            out.emplace(i, HistoryEntry{{}, walked_[i].category, walked_[i].instruction});
     return out;
 }
 

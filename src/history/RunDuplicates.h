@@ -47,19 +47,25 @@ public:
     void leftOut(std::size_t index);
     std::size_t duplicatesLeftOut() const;
 
-    // What the run wrote, in statement order; by place in the statement, for a run left for
-    // later to take along.
+    // What the run wrote, in statement order; and (category and instruction only) by place in
+    // the statement, for a run left for later to take along.
     std::vector<HistoryEntry> entries() const;
-    const std::map<std::size_t, HistoryEntry>& writtenSoFar() const { return written_; }
+    std::map<std::size_t, HistoryEntry> writtenSoFar() const;
 
 private:
+    enum class Outcome : unsigned char { notYet, written, leftOut };
+    struct Walked {
+        Outcome outcome = Outcome::notYet;
+        std::string category, instruction;
+    };
+    Walked& walkedAt(std::size_t index);
+
     HistoryDatabase* db_;
     std::string account_;
     std::vector<TransactionKey> keys_;                   // by place in the statement
-    std::unordered_map<std::string, std::int64_t> seen_; // equal keys met so far
+    std::vector<Walked> walked_;                         // likewise
+    std::unordered_map<std::string, std::int64_t> seen_; // equal known keys met so far
     std::unordered_map<std::size_t, std::int64_t> duplicateAt_;
-    std::map<std::size_t, HistoryEntry> written_;
-    std::map<std::size_t, bool> leftOut_;
     bool allAgain_ = false;
     std::size_t marked_ = 0;
 };

@@ -67,10 +67,12 @@ TEST(HistoryStore, DuplicatesCountRepeatsPerRunAndMatchIdsPerAccount) {
     EXPECT_EQ(savings.duplicates(), 0u);
 
     EXPECT_EQ(db.list("Checking").size(), 5u);
+    EXPECT_EQ(db.wordCount("SHOP"), 1); // only transactions filed under a category count
     EXPECT_EQ(db.forget("Checking"), 5);
     EXPECT_TRUE(db.list("Checking").empty());
     EXPECT_EQ(db.lookUp("Checking", entry("1/2/2024", "-5.00", "COFFEE").key).count, 0);
-    EXPECT_EQ(db.wordCount("COFFEE"), 0);
+    EXPECT_EQ(db.wordCount("SHOP"), 0);
+    EXPECT_EQ(db.filedCount(), 0);
 }
 
 // A transaction walked again after Back is reported again: only its last outcome counts.
@@ -170,7 +172,9 @@ TEST(HistoryStore, DamagedFileIsKeptAsideAndUnwritablePlaceIsReported) {
     // A database that turns out unable to take the run: the run's file stands, the user is told.
     sqlite3* raw = nullptr;
     ASSERT_EQ(sqlite3_open((place / "history.sqlite").c_str(), &raw), SQLITE_OK);
-    ASSERT_EQ(sqlite3_exec(raw, "DROP TABLE words", nullptr, nullptr, nullptr), SQLITE_OK);
+    const char* refuse = "CREATE TRIGGER refuse BEFORE INSERT ON transactions"
+                         " BEGIN SELECT RAISE(ABORT, 'disk full'); END";
+    ASSERT_EQ(sqlite3_exec(raw, refuse, nullptr, nullptr, nullptr), SQLITE_OK);
     sqlite3_close(raw);
     history.record("A", Date{1700000000}, {entry("1/3/2024", "-1.00", "TEA")});
     EXPECT_EQ(history.takeNotice(),
