@@ -111,7 +111,7 @@ public:
     // Suggests categories in the new-instruction form (none: no suggestions).
     CategorySuggester* suggester = nullptr;
     TransactionKey historyKeyAt(std::size_t i);
-    TransactionKey historyKeyOf(Dictionary record);
+    TransactionKey historyKeyOf(const Dictionary& record);
 
     std::vector<Dictionary> qif;
     // Text statements: a record is made when the walk reaches it (or the walk is left for

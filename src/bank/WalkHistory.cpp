@@ -47,13 +47,16 @@ TransactionKey BankingCreditCardQIF::historyKeyAt(std::size_t i) {
     return key;
 }
 
-TransactionKey BankingCreditCardQIF::historyKeyOf(Dictionary record) {
-    TransactionKey key;
-    key.date = textOf(record, txkey::date);
-    key.amount = normalizeQIFAmountIn(record).value_or("");
-    key.number = textOf(record, txkey::number);
-    key.description = textOf(record, txkey::description);
-    key.fitid = textOf(record, txkey::fitid);
+// Only the amount is normalised, on a copy of its own: the record stays as read.
+TransactionKey BankingCreditCardQIF::historyKeyOf(const Dictionary& record) {
+    TransactionKey key{textOf(record, txkey::date), "", textOf(record, txkey::number),
+                       textOf(record, txkey::description), textOf(record, txkey::fitid)};
+    if (const Value* amount = find(record, txkey::amount)) {
+        Dictionary only{{std::string(txkey::amount), *amount}};
+        if (const Value* done = find(record, txkey::amountAlreadyConverted))
+            only.emplace(std::string(txkey::amountAlreadyConverted), *done);
+        key.amount = normalizeQIFAmountIn(only).value_or("");
+    }
     return key;
 }
 

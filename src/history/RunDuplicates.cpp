@@ -2,6 +2,8 @@
 
 #include "history/HistoryDatabase.h"
 
+#include <algorithm>
+
 namespace tavvel {
 
 namespace {
@@ -48,7 +50,7 @@ void RunDuplicates::leaveAllOut() {
 
 RunDuplicates::Walked& RunDuplicates::walkedAt(std::size_t index) {
     if (walked_.size() <= index)
-        walked_.resize(index + 1);
+        walked_.resize(std::max(index + 1, keys_.size()));
     return walked_[index];
 }
 
