@@ -7,6 +7,7 @@
 // run on are shared.
 
 #include "CliOptions.h"
+#include "RatioReporter.h"
 #include "RunCommand.h"
 #include "SettingsCommand.h"
 #include "TerminalDialogs.h"
@@ -154,28 +155,6 @@ void batchRun(benchmark::State& state, bool withInstructions) {
         static_cast<double>(state.iterations() * kTransactions), benchmark::Counter::kIsRate);
 }
 
-class RatioReporter : public benchmark::ConsoleReporter {
-public:
-    void ReportRuns(const std::vector<Run>& runs) override {
-        ConsoleReporter::ReportRuns(runs);
-        for (const Run& run : runs)
-            seconds_[run.run_name.function_name] =
-                run.GetAdjustedCPUTime() / benchmark::GetTimeUnitMultiplier(run.time_unit);
-    }
-
-    void summary() const {
-        auto with = seconds_.find("with instructions"), without = seconds_.find("no instructions");
-        if (with == seconds_.end() || without == seconds_.end())
-            return;
-        std::printf("\n%-34s %10.2f\n%-34s %10.2f\n%-34s %10.2f (target <= 1.50)\n",
-                    "CPU s, 10,000 instructions", with->second, "CPU s, no instructions",
-                    without->second, "ratio", with->second / without->second);
-    }
-
-private:
-    std::map<std::string, double> seconds_;
-};
-
 } // namespace
 
 int main(int argc, char** argv) {
@@ -187,7 +166,8 @@ int main(int argc, char** argv) {
         ->Iterations(2)
         ->Unit(benchmark::kMillisecond);
     benchmark::Initialize(&argc, argv);
-    RatioReporter reporter;
+    RatioReporter reporter({"with instructions", "CPU s, 10,000 instructions"},
+                           {"no instructions", "CPU s, no instructions"}, 1.5);
     benchmark::RunSpecifiedBenchmarks(&reporter);
     reporter.summary();
     benchmark::Shutdown();

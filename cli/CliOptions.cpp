@@ -131,6 +131,16 @@ CliParse parseCommandLine(const std::vector<std::string>& args) {
     std::vector<std::string> exportOutputFormat;
     addEditorOptions(app, options, exportOutputFormat);
 
+    app.add_option("--history", options.history, "List the transactions converted for ACCOUNT")
+        ->type_name("ACCOUNT");
+    app.add_option("--forget-history", options.forgetHistory,
+                   "Forget the transactions converted for ACCOUNT")
+        ->type_name("ACCOUNT");
+    app.add_flag("--keep-duplicates", options.keepDuplicates,
+                 "Write transactions converted before again, without asking");
+    app.add_flag("--use-suggestions", options.useSuggestions,
+                 "With --batch, write the category suggested for a payee no instruction knows");
+
     std::vector<std::string> reversed(args.rbegin(), args.rend());
     if (!reversed.empty())
         reversed.pop_back(); // the program's own name

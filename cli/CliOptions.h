@@ -51,6 +51,12 @@ struct CliOptions {
     std::optional<std::pair<std::string, std::string>> exportOutputFormat;
     // --learn NAME: learn the input format NAME from the text statement before the run.
     std::optional<std::string> learn;
+    // The conversion history: --history ACCOUNT lists it, --forget-history ACCOUNT clears it;
+    // --keep-duplicates writes transactions converted before without asking;
+    // --use-suggestions lets a batch run write the categories suggested.
+    std::optional<std::string> history, forgetHistory;
+    bool keepDuplicates = false;
+    bool useSuggestions = false;
 };
 
 // The name --list gives the output formats.

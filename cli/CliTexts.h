@@ -56,6 +56,14 @@ inline constexpr std::string_view onlyWithoutCategoryChoice =
 inline constexpr std::string_view configurationMissing =
     "the configuration file %@ is missing or damaged; reinstall Tavvel";
 inline constexpr std::string_view noInputFormatNamed = "there is no input format named \"%@\"";
+inline constexpr std::string_view historyHeading =
+    "Transactions converted for \"%@\" (date, amount, number, description, category, "
+    "converted on):";
+inline constexpr std::string_view historyEmpty = "No transactions were converted for \"%@\" yet.";
+inline constexpr std::string_view historyForgotten =
+    "%ld transaction%@ converted for \"%@\" forgotten.";
+inline constexpr std::string_view historyNotOpened =
+    "the conversion history could not be opened; nothing was listed or forgotten";
 inline constexpr std::string_view formatNotWritten = "the input format could not be written to %@";
 
 // The run.

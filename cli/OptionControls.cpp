@@ -56,6 +56,7 @@ std::vector<OptionControl> makeOptionControls() {
         sw(option::removeLongNumber, Switch::removeLongNumber),
         sw(option::updateCategoryWhenDescriptionChanged,
            Switch::updateCategoryWhenDescriptionChanged),
+        sw(option::keepDuplicates, Switch::keepDuplicates),
     };
 }
 

@@ -137,6 +137,10 @@ int runConversion(Context& ctx, TerminalDialogs& dialogs, const CliOptions& opti
     fs::path input = fs::absolute(*options.inputFile);
     TvPrefs before = ctx.prefs;
     Controller controller(ctx, dialogs);
+    if (options.keepDuplicates)
+        controller.keepDuplicates();
+    if (options.batch && options.useSuggestions)
+        controller.useSuggestions();
     Intake intake = controller.actuallyProcessFile(input.string());
     if (intake == Intake::refused)
         return notConverted(input, err);

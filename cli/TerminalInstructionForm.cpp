@@ -4,6 +4,7 @@
 #include "FormFields.h"
 #include "TerminalDialogs.h"
 #include "TerminalSplits.h"
+#include "history/HistoryTexts.h"
 
 namespace tavvel {
 
@@ -41,7 +42,9 @@ void printInstruction(const Form& form, std::ostream& out) {
     field(out, "New description", used(form.useDescription(), form.newDescription()));
     field(out, "New memo", used(form.useMemoOn(), form.newMemo()));
     if (form.categoryShown()) {
-        field(out, "Category", form.category());
+        field(out, "Category",
+              form.categorySuggested() ? form.category() + " " + std::string(text::suggestionMark)
+                                       : form.category());
         note(out, form.categoryWarning());
     } else {
         out << "  Splits:\n";

@@ -3,6 +3,7 @@
 #include "CliOptions.h"
 #include "CliTexts.h"
 #include "EditorCommands.h"
+#include "HistoryCommand.h"
 #include "RunCommand.h"
 #include "RunFormOptions.h"
 #include "SettingsCommand.h"
@@ -95,6 +96,8 @@ int run(int argc, char** argv) {
     if (auto status = editorCommand(options, ctx, dialogs, std::cin, std::cerr))
         return *status;
     if (auto status = knowledgeCommand(options, ctx, dialogs))
+        return *status;
+    if (auto status = historyCommand(options, ctx, std::cout, std::cerr))
         return *status;
     if (!options.inputFile)
         return kExitOK;

@@ -5,6 +5,7 @@
 #include "TypeAheadBinding.h"
 #include "dialogs/DialogTexts.h"
 #include "forms/SplitTable.h"
+#include "history/HistoryTexts.h"
 #include "knowledge/Categories.h"
 
 #include <QCheckBox>
@@ -205,8 +206,12 @@ QWidget* NewInstructionDialog::buildInstructionTab(TvPrefs& prefs) {
         setTextKeepingCaret(*newMemo, form_.newMemo());
         showRow(category_, form_.categoryShown());
         setTextKeepingCaret(*category_, form_.category());
-        categoryWarning->setText(qt(form_.categoryWarning()));
-        showRow(categoryWarning, form_.categoryShown() && !form_.categoryWarning().empty());
+        // A suggested category is marked under the field, with any warning about it.
+        QString note = qt(form_.categoryWarning());
+        if (form_.categorySuggested())
+            note = (qt(text::suggestionMark) + " " + note).trimmed();
+        categoryWarning->setText(note);
+        showRow(categoryWarning, form_.categoryShown() && !note.isEmpty());
         showRow(splits, !form_.categoryShown());
         splitsButton->setText(qt(form_.instructionSplitsButtonTitle()));
         confirm->setChecked(form_.confirmOn());

@@ -45,6 +45,7 @@ constexpr SwitchTitle kSwitchTitles[] = {
     {Switch::outputEuropeanAmounts, "Write amounts with a decimal comma"},
     {Switch::outputDashDates, "Write dates with dashes"},
     {Switch::removeLongNumber, "Remove long numbers from descriptions"},
+    {Switch::keepDuplicates, "Convert transactions converted before again without asking"},
     {Switch::automaticUpdateChecks, "Check for updates automatically"},
 };
 
@@ -101,11 +102,12 @@ PreferencesDialog::PreferencesDialog(PreferencesForm& form, QWidget* parent)
     : QDialog(parent), form_(form) {
     setWindowTitle(tr("Preferences"));
     auto* tabs = new QTabWidget(this);
-    tabs->addTab(switchesPage({Switch::append, Switch::showAllAccountNames,
-                               Switch::runAutomatically, Switch::confirmAllTransactions,
-                               Switch::textConfirmAllTransactions, Switch::formatFirstMatch,
-                               Switch::useOFXTRNTYPE, Switch::automaticUpdateChecks}),
-                 tr("Processing"));
+    tabs->addTab(
+        switchesPage({Switch::append, Switch::showAllAccountNames, Switch::runAutomatically,
+                      Switch::confirmAllTransactions, Switch::textConfirmAllTransactions,
+                      Switch::formatFirstMatch, Switch::useOFXTRNTYPE, Switch::keepDuplicates,
+                      Switch::automaticUpdateChecks}),
+        tr("Processing"));
     tabs->addTab(
         switchesPage({Switch::treatMemoAsDescription, Switch::leaveBlankDescriptionsBlank,
                       Switch::longestInstructionMatch, Switch::updateCategoryWhenDescriptionChanged,

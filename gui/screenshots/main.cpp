@@ -165,7 +165,10 @@ int main(int argc, char** argv) {
     if (!config || !scratch.isValid())
         return 1;
     std::filesystem::path folder = scratch.path().toStdString();
-    Places places{folder / "config" / "Tavvel", folder / "home", folder / "home" / "Documents"};
+    Places places{folder / "config" / "Tavvel",
+                  folder / "home",
+                  folder / "home" / "Documents",
+                  {}}; // no conversion history: every shot starts from nothing
     std::filesystem::create_directories(places.prefsFolder);
     Context ctx(std::move(*config), Clock::system(), places);
     ScreenshotDialogs dialogs(ctx.prefs, arguments.at(2), arguments.value(4),

@@ -23,6 +23,11 @@ inline constexpr std::string_view account = "account";
 // The input type's choices the stopped run was read with (QifInputTypes.h bits); absent in
 // files of earlier versions, which read as none.
 inline constexpr std::string_view inputTypeTag = "inputTypeTag";
+// What the conversion history is to record when the run ends: the transactions written before
+// it stopped (each a dictionary of index, category and instruction), and whether the user chose
+// to convert a statement converted before again.
+inline constexpr std::string_view historyWritten = "historyWritten";
+inline constexpr std::string_view historyConvertAgain = "historyConvertAgain";
 } // namespace contkey
 
 // Whether the record can be resumed by the bank and credit-card walk, or the investment walk.

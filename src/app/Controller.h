@@ -8,6 +8,9 @@
 #include "dialogs/RunHelpers.h"
 #include "formats/OutputFormats.h"
 #include "forms/RunForm.h"
+#include "history/CategorySuggester.h"
+#include "history/ConversionHistory.h"
+#include "history/RunDuplicates.h"
 #include "knowledge/Instructions.h"
 
 #include <filesystem>
@@ -121,6 +124,10 @@ public:
     int runKind() const { return gType_; }
     // Whether a run is under way; new inputs are refused meanwhile.
     bool processing() const { return processing_; }
+    // --keep-duplicates: this run writes transactions converted before without asking.
+    void keepDuplicates() { keepDuplicates_ = true; }
+    // --use-suggestions: a transaction left as read takes the category suggested for it.
+    void useSuggestions() { useSuggestions_ = true; }
     // For a front end's test: the clipboard's text as if a run had processed it.
     void rememberProcessedClipboard(std::string text) { lastProcessedClipboard_ = std::move(text); }
 
@@ -158,6 +165,16 @@ private:
     RunEnd resumeInvestment();
     RunEnd saveContinuation(Dictionary record);
     WalkOptions walkOptions() const;
+    // The conversion history's part of a run (ControllerHistory.cpp).
+    bool startHistory();
+    void attachHistory(bool detect);
+    void attachSuggester();
+    bool convertAllAgain();
+    void recordHistory();
+    std::string duplicatesLeftOutText() const;
+    void showHistoryNotice();
+    void keepHistoryIn(Dictionary& record) const;
+    void resumeHistory(const Dictionary& data);
 
     Context& ctx_;
     int gType_ = kTypeBank;
@@ -192,6 +209,11 @@ private:
     Instructions instructions_;
     bool markAsCleared_ = false, markAsUncleared_ = false;
     std::string runOutputDate_, runOutputNumber_;
+    ConversionHistory history_;
+    std::optional<RunDuplicates> runDuplicates_;
+    bool keepDuplicates_ = false;
+    std::optional<CategorySuggester> suggester_;
+    bool useSuggestions_ = false;
     // The clipboard's text as it was given, before intake trimmed or mended it.
     std::string clipboardAsGiven_;
     // The input's lines while it is classified: views, since a text statement never needs

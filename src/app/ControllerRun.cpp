@@ -130,6 +130,7 @@ WalkOptions Controller::walkOptions() const {
     options.markAsUncleared = markAsUncleared_;
     options.swapDescriptionAndMemo = inputTypeTag() & kQifSwapDescriptionAndMemo;
     options.watch = walkWatch_;
+    options.writeSuggestions = useSuggestions_;
     return options;
 }
 
@@ -287,6 +288,8 @@ RunEnd Controller::actuallyProcessTheTransactions() {
         return processInvestmentText(range.value_or(all).from, range.value_or(all).to);
     if (!readTransactions(range.value_or(all).from, range.value_or(all).to))
         return RunEnd::stopped;
+    if (!startHistory())
+        return processInstructionsDidEnd({});
     // The walk's error warnings can be silenced for the input format the text was read with.
     std::optional<Dictionary> inputFormat =
         doingExtract_ ? Formats(ctx_.prefs).formatForName(form_.inputFormatName) : std::nullopt;
@@ -304,6 +307,7 @@ RunEnd Controller::resume() {
     if (has(*continuationData_, icontkey::iqif))
         return resumeInvestment();
     reader_.setQifInputType(inputTypeTag());
+    resumeHistory(*continuationData_);
     WalkResult result = reader_.continueWith(*continuationData_, outputFileAsString_, writer_,
                                              warning_, dialogs_, instructions_, walkOptions());
     return processInstructionsDidEnd(result);
@@ -319,6 +323,7 @@ RunEnd Controller::saveContinuation(Dictionary record) {
     record.insert_or_assign("outputNumberString", Value(form_.outputNumber));
     record.insert_or_assign("account", Value(account_.value_or(form_.accountText)));
     record.insert_or_assign(std::string(contkey::inputTypeTag), Value(inputTypeTag()));
+    keepHistoryIn(record);
     std::string start = ctx_.prefs.objectForKey(prefkey::LastRootDirectory)
                             ? ctx_.prefs.objectForKey(prefkey::LastRootDirectory)->text()
                             : std::string();
@@ -351,13 +356,14 @@ RunEnd Controller::processInstructionsDidEnd(const WalkResult& result) {
     RunEnd end = RunEnd::nothingOutput;
     lastTitle_ = std::string(text::finishedTitle);
     if (result.appended < 1) {
-        lastMessage_ = std::string(text::noTransactionsOutput);
+        lastMessage_ = std::string(text::noTransactionsOutput) + duplicatesLeftOutText();
     } else {
         if (doingClipboard_)
             lastProcessedClipboard_ = clipboardAsGiven_;
         std::string name = std::filesystem::path(outputFilePath_).filename().string();
         lastMessage_ = "\r\r" + std::to_string(result.appended) + " transaction" +
-                       (result.appended == 1 ? "" : "s") + " output to file \"" + name + "\".";
+                       (result.appended == 1 ? "" : "s") + " output to file \"" + name + "\"." +
+                       duplicatesLeftOutText();
         OutputTarget target{outputFilePath_, form_.appendSwitchOn,
                             optionOn(ctx_.prefs, option::append), writer_.QIFOutput()};
         end = RunEnd::written;
@@ -365,6 +371,8 @@ RunEnd Controller::processInstructionsDidEnd(const WalkResult& result) {
             lastTitle_ = std::string(text::outputNotWrittenTitle);
             lastMessage_ = formatMessage(text::outputNotWritten, name);
             end = RunEnd::writeFailed;
+        } else {
+            recordHistory();
         }
     }
     lastMessage_ += std::exchange(closingNote_, {});

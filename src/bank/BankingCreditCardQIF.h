@@ -6,6 +6,7 @@
 #include "bank/TextArena.h"
 #include "bank/TransactionRecord.h"
 #include "forms/ConfirmForm.h"
+#include "forms/NewInstructionForm.h"
 #include "prefs/Value.h"
 
 #include <cstddef>
@@ -26,6 +27,9 @@ class Dialogs;
 class ErrorWarning;
 class Instructions;
 class OutputFormats;
+class RunDuplicates;
+class CategorySuggester;
+struct TransactionKey;
 
 // Who watches a long walk from outside: told how far it got, and able to stop it, which ends it
 // as the cancel question's Stop Now does, with nothing output.
@@ -43,6 +47,8 @@ struct WalkOptions {
     bool swapDescriptionAndMemo = false;     // the input-type choice asks for it
     const Dictionary* inputFormat = nullptr; // for text input: error warnings may be silenced
     WalkWatch watch;
+    // A transaction left as read by a run that never asks takes the suggested category.
+    bool writeSuggestions = false;
 };
 
 // How a walk ended: the number of transactions appended, and the continuation record when the
@@ -120,6 +126,15 @@ public:
                             ErrorWarning& warning, Dialogs& dialogs, Instructions& instructions,
                             const WalkOptions& options);
 
+    // The run's duplicates (none when the history is off): markDuplicates marks every record
+    // read, before the walk; the walk asks before writing one and reports what it wrote.
+    RunDuplicates* duplicates = nullptr;
+    void markDuplicates();
+    // Suggests categories in the new-instruction form (none: no suggestions).
+    CategorySuggester* suggester = nullptr;
+    TransactionKey historyKeyAt(std::size_t i) const;
+    TransactionKey historyKeyOf(const TransactionRecord& record) const;
+
 private:
     // The walk's own state.
     std::optional<std::string> ofxAccount_;
@@ -144,6 +159,11 @@ private:
     struct Walk;     // what one walk works with
     enum class Step { advanced, skipped, rerun, back, stop, stopNow, finishLater };
     Step step(Walk& walk);
+    bool leavesOutDuplicate(Walk& walk, const TransactionRecord& record);
+    void noteWalked(const Walk& walk, bool written);
+    void suggestInto(NewInstructionForm::Setup& setup) const;
+    void takeSuggestion(const Walk& walk, const NewInstructionForm& form,
+                        TransactionRecord& record);
     WalkResult walkOn(Walk& walk);
     Prepared prepare(TransactionRecord& record, std::string& output, const WalkOptions& options);
     bool keepsInputCategory(const TransactionRecord& record) const;

@@ -182,6 +182,7 @@ std::optional<TransactionRecord> readOfxTransaction(std::string_view piece, OfxN
     record.point(TxField::date, dates.of(date));
     addNumber(piece, numbering, utf8, record);
     addOfxField(TxField::memo, "<MEMO>", piece, record, utf8);
+    addOfxField(TxField::fitid, "<FITID>", piece, record, utf8);
     if (!addOfxField(TxField::description, "<NAME>", piece, record, utf8))
         record.point(TxField::description, "");
     if (!addOfxField(TxField::amount, "<TRNAMT>", piece, record))

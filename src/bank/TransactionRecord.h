@@ -30,9 +30,10 @@ enum class TxField : std::uint8_t {
     trntype,
     errorMessage,
     errorText,
+    fitid,
 };
-inline constexpr std::size_t kTxFieldCount = 10;
-// The fields every transaction may have, before those of OFX types and unreadable pieces.
+inline constexpr std::size_t kTxFieldCount = 11;
+// The fields every transaction may have, before those of OFX statements and unreadable pieces.
 inline constexpr std::size_t kTxCommonFields = 7;
 
 class TransactionRecord {
@@ -105,9 +106,9 @@ private:
     std::size_t outputLength_ = 0;
     // Texts the record keeps itself; a list, so a view into one stays put when more are added.
     std::forward_list<std::string> owned_;
-    // What few records hold, out of line to keep every record small: the fields of OFX types
-    // and unreadable pieces, splits, the mark of splits the user chose, and keys of a stored
-    // record that no field holds.
+    // What few records hold, out of line to keep every record small: the fields of OFX
+    // statements and unreadable pieces, splits, the mark of splits the user chose, and keys of a
+    // stored record that no field holds.
     struct Rare {
         std::array<std::string_view, kTxFieldCount - kTxCommonFields> views{};
         std::optional<Array> splits;

@@ -257,6 +257,8 @@ BankingCreditCardQIF::Step BankingCreditCardQIF::step(Walk& walk) {
             std::string(record.text(TxField::errorText)), std::string(text::skipTransaction));
         return pressed == 1 ? Step::skipped : Step::stop;
     }
+    if (leavesOutDuplicate(walk, record))
+        return Step::skipped;
     splitInstructionConfirm = false;
     Prepared p = prepare(record, walk.output, walk.options);
     instruction_.clear();
@@ -324,11 +326,13 @@ WalkResult BankingCreditCardQIF::walkOn(Walk& walk) {
         // Told every so often only: a report per transaction would cost more than the walk.
         if (watch.progress && current_ % 256 == 0)
             watch.progress(current_, records_.size());
-        switch (step(walk)) {
+        Step taken = step(walk);
+        switch (taken) {
         case Step::advanced:
             ++numberOfTransactionsAppended;
             [[fallthrough]];
         case Step::skipped:
+            noteWalked(walk, taken == Step::advanced);
             ++current_;
             extractedCheckNumber.reset();
             changedDescription.clear();

@@ -239,12 +239,14 @@ BankingCreditCardQIF::Step BankingCreditCardQIF::newInstruction(Walk& walk, Prep
     setup.cancelReturnsToConfirm = cancelReturnsToConfirm;
     setup.runOutputNumber = walk.options.outputNumber;
     setup.normalizeAmount = [this](Dictionary& split) { normalizeQIFAmountIn(split); };
+    suggestInto(setup);
     form.fill(setup);
     while (true) {
         NewInstructionAction action = walk.dialogs.newInstruction(form);
         formMemo_ = form.useMemoOn() ? std::optional(form.newMemo()) : std::nullopt;
         switch (action) {
         case NewInstructionAction::useAsRead:
+            takeSuggestion(walk, form, record);
             outputKept(p, record, walk.output, walk.writer, walk.options);
             return Step::advanced;
         case NewInstructionAction::cancel: {

@@ -171,6 +171,7 @@ void OutputFormats::produceNonQIFOutputField(std::string field, bool csv, std::s
 void OutputFormats::produceBankCCOutput(std::string& output, const BankOutput& t) {
     if (t.category)
         Categories(ctx_.prefs).registerCategory(*t.category, dialogs_);
+    noteCategory(t);
     writeBankCCRecord(output, t);
 }
 
@@ -192,6 +193,13 @@ void OutputFormats::writeBankCCRecord(std::string& output, const BankOutput& t) 
         return;
     }
     writeDelimited(output, t, descriptionText, memoText, number);
+}
+
+// A split transaction is remembered under its first split's category.
+void OutputFormats::noteCategory(const BankOutput& t) {
+    lastCategory_ = t.category.value_or("");
+    if (t.splits && !t.splits->empty() && t.splits->front().isDictionary())
+        lastCategory_ = textOf(t.splits->front().dictionary(), "category");
 }
 
 void OutputFormats::writeQIF(std::string& output, const BankOutput& t,

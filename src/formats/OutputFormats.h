@@ -54,6 +54,8 @@ public:
     void produceBankCCOutput(std::string& output, const BankOutput& transaction);
     // The same without registering the category: nothing is stored (a preview).
     void writeBankCCRecord(std::string& output, const BankOutput& transaction);
+    // The category of the transaction produced last, for the conversion history.
+    const std::string& lastCategory() const { return lastCategory_; }
     // produceInvestmentOutput:... — only in a delimited layout; QIF investment records are
     // written by the investment engine.
     void produceInvestmentOutput(std::string& output, const InvestmentOutput& transaction);
@@ -67,6 +69,8 @@ public:
     static std::string reformatPattern(std::string_view percentPattern);
 
 private:
+    void noteCategory(const BankOutput& t);
+    std::string lastCategory_;
     void writeQIF(std::string& output, const BankOutput& t, const std::string& description,
                   const std::optional<std::string>& memo, const std::string& number);
     void writeDelimited(std::string& output, const BankOutput& t, const std::string& description,

@@ -14,6 +14,8 @@ inline constexpr std::string_view cleared = "cleared";
 inline constexpr std::string_view amount = "amount";
 inline constexpr std::string_view splits = "splits";
 inline constexpr std::string_view trntype = "trntype";
+// The statement's own id of the transaction (OFX FITID), for the conversion history.
+inline constexpr std::string_view fitid = "fitid";
 inline constexpr std::string_view errorMessage = "errorMessage";
 inline constexpr std::string_view errorText = "errorText";
 inline constexpr std::string_view amountAlreadyConverted = "amountAlreadyConverted";

@@ -72,6 +72,24 @@ void NewInstructionForm::fillNormal() {
     f_.category = setup_.category.value_or("");
     if (setup_.prompt)
         f_.matchText = setup_.description;
+    if (!f_.category.empty() || setup_.suggestedCategory.empty())
+        return;
+    f_.category = setup_.suggestedCategory;
+    f_.categorySuggested = true;
+    if (setup_.prompt)
+        f_.matchText = suggestedMatchText();
+}
+
+// In starts-with mode the match text must stay a start of the description: it then runs to
+// the end of the shared words ("POS Shell Oil" for "POS Shell Oil 1234").
+std::string NewInstructionForm::suggestedMatchText() const {
+    const std::string& description = setup_.description;
+    std::size_t at = description.find(setup_.suggestedMatch);
+    if (setup_.suggestedMatch.empty() || at == std::string::npos)
+        return description;
+    if (containsMode())
+        return setup_.suggestedMatch;
+    return description.substr(0, at + setup_.suggestedMatch.size());
 }
 
 // The run's fixed number, else the record's; failing both, the digits of the description

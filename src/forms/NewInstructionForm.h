@@ -31,6 +31,10 @@ public:
         bool cancelReturnsToConfirm = false;
         std::string runOutputNumber;      // the run's fixed number, or ""
         AmountNormaliser normalizeAmount; // the reader's, for balanced split amounts
+        // A category the history suggests when the transaction has none, and the match text
+        // (a part of `description`) it was found by; both empty when there is none.
+        std::string suggestedCategory;
+        std::string suggestedMatch;
     };
 
     enum class Tab { instruction, amount };
@@ -53,7 +57,11 @@ public:
     void setNewDescription(std::string text) { f_.newDescription = std::move(text); }
     void setUseMemo(bool on) { f_.useMemo = on; }
     void setNewMemo(std::string text) { f_.newMemo = std::move(text); }
-    void setCategory(std::string text) { f_.category = std::move(text); }
+    // A category typed over the suggestion replaces it.
+    void setCategory(std::string text) {
+        f_.categorySuggested = f_.categorySuggested && text == f_.category;
+        f_.category = std::move(text);
+    }
     void setConfirm(bool on) { f_.confirm = on; }
     void setExtractNumber(bool on); // extractNumberSwitch:
     // Ignored while the switch cannot be changed.
@@ -109,6 +117,8 @@ public:
     // The single category gives way to the split table while there are instruction splits.
     bool categoryShown() const { return f_.instructionSplits.empty(); }
     const std::string& category() const { return f_.category; }
+    // The category shown is the history's suggestion, not yet accepted or replaced.
+    bool categorySuggested() const { return f_.categorySuggested; }
     std::string_view categoryWarning() const;
     bool confirmOn() const { return f_.confirm; }
     bool extractNumberOn() const { return f_.extractNumber; }
@@ -157,6 +167,7 @@ private:
         bool useMemo = false;
         std::string newMemo;
         std::string category;
+        bool categorySuggested = false;
         bool confirm = false;
         bool extractNumber = false;
         bool amountSwitch = false;
@@ -168,6 +179,8 @@ private:
         SplitTable instructionSplits;
         SplitTable amountSplits;
     };
+
+    std::string suggestedMatchText() const;
 
     TvPrefs& prefs_;
     Setup setup_;

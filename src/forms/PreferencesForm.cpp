@@ -43,6 +43,7 @@ constexpr SwitchOption kSwitchOptions[] = {
     {Switch::outputDashDates, option::outputDashDates},
     {Switch::removeLongNumber, option::removeLongNumber},
     {Switch::updateCategoryWhenDescriptionChanged, option::updateCategoryWhenDescriptionChanged},
+    {Switch::keepDuplicates, option::keepDuplicates},
 };
 
 constexpr ChoiceOptions kChoiceOptions[] = {
@@ -100,6 +101,7 @@ constexpr ListEntry kListOrder[] = {
     ch(Choice::cancelBehaviour),
     sw(Switch::removeLongNumber),
     sw(Switch::updateCategoryWhenDescriptionChanged),
+    sw(Switch::keepDuplicates),
 };
 
 std::string_view nameOf(Switch s) {

@@ -32,6 +32,7 @@ public:
         outputEuropeanAmounts,
         outputDashDates,
         removeLongNumber,
+        keepDuplicates,
         automaticUpdateChecks, // SUEnableAutomaticChecks
         count
     };

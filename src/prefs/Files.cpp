@@ -2,7 +2,9 @@
 
 #include <atomic>
 #include <cerrno>
+#include <cmath>
 #include <cstring>
+#include <ctime>
 #include <fcntl.h>
 #include <fstream>
 #include <limits>
@@ -198,6 +200,22 @@ bool copyFileAtomically(const std::filesystem::path& from, const std::filesystem
     if (!bytes || ::stat(from.c_str(), &source) != 0)
         return fail(error, "cannot read " + from.string());
     return writeWithMode(to, *bytes, source.st_mode & 07777, error);
+}
+
+std::filesystem::path asideName(const std::filesystem::path& file, double nowSeconds) {
+    std::time_t t = static_cast<std::time_t>(std::floor(nowSeconds));
+    std::tm tm{};
+    gmtime_r(&t, &tm);
+    char stamp[32];
+    std::strftime(stamp, sizeof stamp, "%Y%m%dT%H%M%SZ", &tm);
+    std::filesystem::path aside = file;
+    aside += std::string(".corrupt-") + stamp;
+    std::error_code ec;
+    for (int n = 2; std::filesystem::exists(aside, ec); ++n) {
+        aside = file;
+        aside += std::string(".corrupt-") + stamp + "-" + std::to_string(n);
+    }
+    return aside;
 }
 
 } // namespace tavvel

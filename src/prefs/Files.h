@@ -31,4 +31,8 @@ bool namesSomethingOtherThanAFile(const std::filesystem::path& path);
 bool copyFileAtomically(const std::filesystem::path& from, const std::filesystem::path& to,
                         std::string* error = nullptr);
 
+// The name beside `file` that a damaged file is kept under: <file>.corrupt-<UTC time stamp>,
+// with "-2", "-3"... when that is taken. `nowSeconds` counts from 1970-01-01 00:00 UTC.
+std::filesystem::path asideName(const std::filesystem::path& file, double nowSeconds);
+
 } // namespace tavvel

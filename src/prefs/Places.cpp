@@ -19,11 +19,12 @@ std::filesystem::path homeFolder() {
     return "/";
 }
 
-std::filesystem::path configHome(const std::filesystem::path& home) {
-    const char* xdg = std::getenv("XDG_CONFIG_HOME");
+// A relative XDG folder is to be ignored, as the base directory rules say.
+std::filesystem::path xdgHome(const char* variable, const std::filesystem::path& fallback) {
+    const char* xdg = std::getenv(variable);
     if (xdg && *xdg && std::filesystem::path(xdg).is_absolute())
         return xdg;
-    return home / ".config";
+    return fallback;
 }
 
 // user-dirs.dirs holds lines such as XDG_DOCUMENTS_DIR="$HOME/Documents".
@@ -51,8 +52,9 @@ std::filesystem::path xdgDocuments(const std::filesystem::path& config,
 Places Places::forCurrentUser() {
     Places places;
     places.home = homeFolder();
-    std::filesystem::path config = configHome(places.home);
+    std::filesystem::path config = xdgHome("XDG_CONFIG_HOME", places.home / ".config");
     places.prefsFolder = config / "Tavvel";
+    places.dataFolder = xdgHome("XDG_DATA_HOME", places.home / ".local" / "share") / "Tavvel";
     std::filesystem::path docs = xdgDocuments(config, places.home);
     std::error_code ec;
     places.documents = (!docs.empty() && std::filesystem::is_directory(docs, ec))

@@ -55,6 +55,8 @@ inline constexpr std::string_view removeLongNumber = "removeLongNumber";
 inline constexpr std::string_view converted2_2 = "converted2.2";
 inline constexpr std::string_view accountsInCategories = "accountsInCategories";
 inline constexpr std::string_view dontConfirmCancel = "dontConfirmCancel";
+// Transactions converted before are written again without a question.
+inline constexpr std::string_view keepDuplicates = "keepDuplicates";
 } // namespace option
 
 // Top-level keys of the preference store.

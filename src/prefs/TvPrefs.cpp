@@ -5,32 +5,16 @@
 #include "prefs/StorableText.h"
 
 #include <cmath>
-#include <ctime>
 #include <limits>
 
 namespace tavvel {
 
 namespace {
 
-std::string utcStamp(Date now) {
-    std::time_t t = static_cast<std::time_t>(std::floor(now.seconds));
-    std::tm tm{};
-    gmtime_r(&t, &tm);
-    char buf[32];
-    std::strftime(buf, sizeof buf, "%Y%m%dT%H%M%SZ", &tm);
-    return buf;
-}
-
 // Copies the undecodable file aside (rather than moving it) so that the store's own file stays
 // where the next start looks for it until the next save replaces it.
 std::filesystem::path keepAside(const std::filesystem::path& file, Date now) {
-    std::filesystem::path aside = file;
-    aside += ".corrupt-" + utcStamp(now);
-    std::error_code ec;
-    for (int n = 2; std::filesystem::exists(aside, ec); ++n) {
-        aside = file;
-        aside += ".corrupt-" + utcStamp(now) + "-" + std::to_string(n);
-    }
+    std::filesystem::path aside = asideName(file, now.seconds);
     // Whole or not at all, like every other file the program writes.
     return copyFileAtomically(file, aside) ? aside : std::filesystem::path();
 }

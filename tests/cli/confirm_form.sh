@@ -6,6 +6,9 @@
 # output file.
 source "$(dirname "$0")/lib/setup.bash" "$1"
 first_start
+# The same statements are converted here again and again: none is to be left out as converted
+# before.
+run 0 --set keepDuplicates
 "$cli" --batch --set confirmAllTransactions </dev/null 2>/dev/null || fail "option not set"
 
 printf '%s\n' '!Type:Bank' 'D1/02/2024' 'T-5.00' 'PSHOP' 'Mreceipt 1' '^' \

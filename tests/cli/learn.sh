@@ -5,6 +5,9 @@
 # format then picks its statement out by itself. Cancelling stores and writes nothing.
 source "$(dirname "$0")/lib/setup.bash" "$1"
 first_start
+# The same statements are converted here again and again: none is to be left out as converted
+# before.
+run 0 --set keepDuplicates
 
 # Text transactions are confirmed one by one: after the learning answers, each takes an "ok".
 oks() { printf 'ok\n%.0s' {1..20}; }

@@ -5,6 +5,9 @@
 # ten and counts the rest.
 source "$(dirname "$0")/lib/setup.bash" "$1"
 first_start
+# The same statements are converted here again and again: none is to be left out as converted
+# before.
+run 0 --set keepDuplicates
 
 printf '!Type:Bank\nD03/04/2024\nPFIRST\nT-1.00\n^\nD05/06/24\nPSECOND\nT-2.00\n^\n' >"$tmp/either.qif"
 LC_ALL=en_GB.UTF-8 run 0 --batch -o "$tmp/gb.qif" "$tmp/either.qif"

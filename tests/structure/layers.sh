@@ -6,7 +6,7 @@
 set -euo pipefail
 root=$1
 src=$root/src
-stack=(prefs recognize context dialogs knowledge formats forms bank invest app)
+stack=(prefs recognize context dialogs knowledge history formats forms bank invest app)
 
 declare -A rank=()
 for i in "${!stack[@]}"; do rank[${stack[$i]}]=$i; done
