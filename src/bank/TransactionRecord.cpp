@@ -7,9 +7,9 @@ namespace tavvel {
 namespace {
 
 constexpr std::array<std::string_view, kTxFieldCount> kFieldKeys = {
-    txkey::date,         txkey::number,    txkey::description, txkey::memo,
-    txkey::category,     txkey::cleared,   txkey::amount,      txkey::trntype,
-    txkey::errorMessage, txkey::errorText, txkey::fitid};
+    txkey::date,     txkey::number,       txkey::description, txkey::memo,
+    txkey::category, txkey::cleared,      txkey::amount,      txkey::fitid,
+    txkey::trntype,  txkey::errorMessage, txkey::errorText};
 
 bool isFieldOrMark(const std::string& key) {
     for (std::string_view k : kFieldKeys)

@@ -27,14 +27,16 @@ enum class TxField : std::uint8_t {
     category,
     cleared,
     amount,
+    fitid,
     trntype,
     errorMessage,
     errorText,
-    fitid,
 };
 inline constexpr std::size_t kTxFieldCount = 11;
-// The fields every transaction may have, before those of OFX statements and unreadable pieces.
-inline constexpr std::size_t kTxCommonFields = 7;
+// The fields every transaction may have (an OFX statement's id for each transaction among
+// them, as nearly every OFX transaction has one), before those of OFX types and unreadable
+// pieces.
+inline constexpr std::size_t kTxCommonFields = 8;
 
 class TransactionRecord {
 public:
@@ -106,8 +108,8 @@ private:
     std::size_t outputLength_ = 0;
     // Texts the record keeps itself; a list, so a view into one stays put when more are added.
     std::forward_list<std::string> owned_;
-    // What few records hold, out of line to keep every record small: the fields of OFX
-    // statements and unreadable pieces, splits, the mark of splits the user chose, and keys of a
+    // What few records hold, out of line to keep every record small: the fields of OFX types
+    // and unreadable pieces, splits, the mark of splits the user chose, and keys of a
     // stored record that no field holds.
     struct Rare {
         std::array<std::string_view, kTxFieldCount - kTxCommonFields> views{};
