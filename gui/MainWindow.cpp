@@ -46,6 +46,7 @@ std::optional<std::string> clipboardText() {
 MainWindow::MainWindow(Context& ctx, QtDialogs& dialogs, QWidget* parent)
     : QMainWindow(parent), ctx_(ctx), dialogs_(dialogs), runDialogs_(dialogs, *this),
       controller_(std::make_unique<Controller>(ctx, runDialogs_)) {
+    controller_->leaveAutomaticRunsToFrontEnd();
     setWindowTitle(QStringLiteral("Tavvel"));
     setAcceptDrops(true);
     dialogs_.setParentWindow(this);
@@ -81,7 +82,7 @@ MainWindow::MainWindow(Context& ctx, QtDialogs& dialogs, QWidget* parent)
     layout->addWidget(run_);
     layout->addWidget(pages_, 1);
     setCentralWidget(central);
-    connect(runForm_, &RunFormView::processRequested, this, &MainWindow::processTransactions);
+    connect(runForm_, &RunFormView::processRequested, this, [this] { processTransactions(); });
     connect(runForm_, &RunFormView::formChanged, statement_, &StatementView::refilter);
     connect(learn_, &QAction::triggered, this, &MainWindow::learnInputFormat);
     clipboardTimer_.setSingleShot(true);
@@ -217,7 +218,7 @@ void MainWindow::openRecent(const QString& path) {
 }
 
 void MainWindow::afterFileIntake(std::optional<Intake> intake) {
-    if (intake == Intake::formReady || intake == Intake::ranAtOnce)
+    if (intake == Intake::formReady || intake == Intake::runAtOnce)
         RecentFiles(ctx_.prefs).add(controller_->inputPath());
     afterIntake(intake);
 }
@@ -244,7 +245,7 @@ void MainWindow::processNoticedClipboard() {
     afterIntake(controller_->processInput());
 }
 
-void MainWindow::processTransactions() {
+void MainWindow::processTransactions(bool startedByItself) {
     if (run_->busy())
         return;
     holdWhileRunning(true);
@@ -252,7 +253,7 @@ void MainWindow::processTransactions() {
     // it is read again should the run leave the statement in the window.
     rereadAfterRun_ = statement_->loader().busy();
     statement_->loader().cancel();
-    run_->start(*controller_, isVisible());
+    run_->start(*controller_, isVisible() && !startedByItself);
 }
 
 void MainWindow::runEnded() {
@@ -286,6 +287,8 @@ void MainWindow::learnInputFormat() {
 }
 
 void MainWindow::afterIntake(std::optional<Intake> intake) {
+    if (intake == Intake::runAtOnce)
+        return processTransactions(true);
     if (intake == Intake::formReady) {
         // Read first, so that the form's refresh finds the rows' account already chosen.
         statement_->load();

@@ -62,7 +62,8 @@ public:
     // The run form's range from the day after the last run's range ended to today.
     void continueFromLastTime();
     // Starts the run on a thread of its own; the window waits for it, its controls held.
-    void processTransactions();
+    // `startedByItself`: the input asked for an automatic run.
+    void processTransactions(bool startedByItself = false);
     // The learn action: learns the input format named in the run form from the statement.
     void learnInputFormat();
 

@@ -427,6 +427,8 @@ Intake Controller::endClassification() {
                      !optionOn(ctx_.prefs, option::append) && form_.processEnabled();
     if (!automatic)
         return Intake::formReady;
+    if (automaticRunsLeft_)
+        return Intake::runAtOnce;
     processTheTransactions(false);
     return Intake::ranAtOnce;
 }

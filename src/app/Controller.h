@@ -27,6 +27,7 @@ enum class Intake {
     refused,   // a message was shown; nothing else happened
     formReady, // the run form waits for the user
     ranAtOnce, // `runAutomatically`: the run already happened
+    runAtOnce, // `runAutomatically`, for a front end that starts such runs itself: start it now
     imported,  // an input format file was imported; no run
 };
 
@@ -77,6 +78,9 @@ public:
     // Who watches the walks of the runs to come: a front end running them on another thread
     // shows their progress and stops them.
     void watchWalks(WalkWatch watch) { walkWatch_ = std::move(watch); }
+    // A front end that runs on another thread: a run that starts by itself is left to it
+    // (Intake::runAtOnce), to start as processTheTransactions(false).
+    void leaveAutomaticRunsToFrontEnd() { automaticRunsLeft_ = true; }
 
     // continueFromWhereIStoppedLastTime: — the range from the day after the last run's range
     // ended (or today) to today.
@@ -195,6 +199,7 @@ private:
     std::string controlHelpAnchor_;
     std::optional<std::string> account_;
     WalkWatch walkWatch_;
+    bool automaticRunsLeft_ = false;
     bool justActivated_ = false;
     // The run's output.
     std::string outputFilePath_;

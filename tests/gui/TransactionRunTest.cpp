@@ -17,6 +17,7 @@
 #include "prefs/Settings.h"
 #include "support/TestContext.h"
 
+#include <QFileDialog>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QSignalSpy>
@@ -71,7 +72,6 @@ private slots:
         output = QString::fromStdString((t->folder.path() / "out.qif").string());
         finished.clear();
         shownOffWindowThread = false;
-        QVERIFY(window->openFile(statement()));
     }
 
     void cleanup() {
@@ -83,6 +83,7 @@ private slots:
     // Cancel pressed while the run waits on its save panel: the walk never starts, and the
     // file is not written; the window is held meanwhile, and given back after.
     void cancelledRunWritesNothing() {
+        QVERIFY(window->openFile(statement()));
         bool heldWhileRunning = false;
         dialogs->then([&](QDialog& d) {
             heldWhileRunning = !window->menuBar()->isEnabled() && !window->openFile(statement()) &&
@@ -105,6 +106,7 @@ private slots:
     // A window that goes while its run works ends the run first, showing none of its forms:
     // the save panel it would ask goes unanswered, and nothing is written.
     void windowGoingEndsItsRunFirst() {
+        QVERIFY(window->openFile(statement()));
         dialogs->titles.clear();
         dialogs->otherwise([this](QDialog& d) { return test::choosePath(d, output); });
         window->processTransactions();
@@ -114,9 +116,33 @@ private slots:
         QVERIFY(!std::filesystem::exists(output.toStdString()));
     }
 
+    // A statement that runs by itself runs on the thread too, suggesting the name such runs
+    // suggest, and writes every transaction.
+    void automaticRunRunsOnTheThreadToo() {
+        addOption(t->ctx.prefs, option::runAutomatically);
+        QString suggested;
+        dialogs->then([&](QDialog& d) {
+            suggested = qobject_cast<QFileDialog*>(&d)->selectedFiles().value(0);
+            return test::choosePath(d, output);
+        });
+        dialogs->otherwise([this](QDialog& d) { return noted(d); });
+        QSignalSpy ran(&window->run(), &gui::TransactionRun::finished);
+
+        QVERIFY(window->openFile(statement()));
+        QVERIFY(window->run().busy());
+        QVERIFY(ran.wait(60000));
+        QVERIFY(!shownOffWindowThread);
+        QVERIFY2(suggested.contains(QLatin1String("QIF Import ")), qPrintable(suggested));
+        QCOMPARE(finished.size(), 1);
+        QVERIFY2(finished.front().contains(QLatin1String("7 transactions output")),
+                 qPrintable(finished.front()));
+        QVERIFY(std::filesystem::exists(output.toStdString()));
+    }
+
     // Every transaction confirmed: the first one skipped, the rest taken as shown. The forms'
     // answers, given on the window's thread, decide what the run writes.
     void formsAnswerTheRun() {
+        QVERIFY(window->openFile(statement()));
         addOption(t->ctx.prefs, option::confirmAllTransactions);
         int confirmations = 0;
         dialogs->then([this](QDialog& d) { return test::choosePath(d, output); });
