@@ -61,6 +61,7 @@ timed() {
     awk) command=(awk -f "$work/ofx2qif.awk" "$file") ;;
     finance-qif) command=(perl "$work/finance-qif.pl" "$file" "$work/finance-qif.qif") ;;
     esac
+    rm -rf "$XDG_DATA_HOME" # each run converts afresh, its transactions no duplicates
     start=$(date +%s%N)
     /usr/bin/time -f %M -o "$work/peak" "${command[@]}" >"$work/$name.out" 2>/dev/null
     end=$(date +%s%N)
@@ -79,6 +80,7 @@ compare() {
     generate "$count" "$form" "$kind" >"$file"
     [ "$kind" = bank ] && [ "$count" -le "$peer_limit" ] && tools=(tavvel-cli ofx2qif awk wc)
     [ "$count" -ge 500000 ] && [ "$runs" -gt 3 ] && n=3
+    rm -rf "$XDG_DATA_HOME"
     "$cli" --batch -o "$work/tavvel.qif" "$file" 2>/dev/null
     [ "$(grep -c '^\^$' "$work/tavvel.qif")" -eq "$count" ] || {
         echo "tavvel-cli did not convert every transaction of $file" >&2
@@ -120,6 +122,7 @@ PERL
 compare_qif() {
     local count=$1 file="$work/bank-$1.qif" tools=(tavvel-cli finance-qif wc) n=$runs
     generate_qif "$count" >"$file"
+    rm -rf "$XDG_DATA_HOME"
     "$cli" --batch -o "$work/tavvel.qif" "$file" 2>/dev/null
     perl "$work/finance-qif.pl" "$file" "$work/finance-qif.qif"
     [ "$(grep -c '^\^$' "$work/tavvel.qif")" -eq "$count" ] &&
@@ -178,6 +181,7 @@ compare_csv() {
     [ "$runs" -gt 3 ] && n=3 # hledger takes seconds a run
     generate_csv "$count" >"$file"
     describe_csv
+    rm -rf "$XDG_DATA_HOME"
     "$cli" --batch -o "$work/tavvel.qif" "$file" 2>/dev/null
     hledger -f "$file" --rules-file "$work/bank.rules" print >"$work/hledger.out"
     [ "$(grep -c '^\^$' "$work/tavvel.qif")" -eq "$count" ] &&
@@ -223,7 +227,7 @@ ratios() {
 install_tools
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
-export XDG_CONFIG_HOME=$work/config
+export XDG_CONFIG_HOME=$work/config XDG_DATA_HOME=$work/data
 "$cli" --batch </dev/null >/dev/null 2>&1 # the first start, answered before any timing
 peers=""
 wants ofx && peers+="; ofx2qif: $(dpkg-query -W -f '${Version}' ofx)"

@@ -120,6 +120,7 @@ setup_format_export() {
 # such as temporaries a killed run left, stay.
 restore() {
     cp -a "$dir/config-before/." "$XDG_CONFIG_HOME/"
+    rm -rf "$XDG_DATA_HOME" # no run's transactions are duplicates of an earlier trial's
     if [ -e "$dir/old" ]; then cp "$dir/old" "$target"; else rm -f "$target"; fi
 }
 
@@ -135,7 +136,7 @@ run_kind() {
     local kind=$1 killed=0 old=0 new=0 between=0 damaged=0 i start longest=0 delay pid status
     dir=$work/$kind
     mkdir -p "$dir/run" "$dir/home"
-    export XDG_CONFIG_HOME=$dir/config HOME=$dir/home
+    export XDG_CONFIG_HOME=$dir/config HOME=$dir/home XDG_DATA_HOME=$dir/data
     cd "$dir/run"
     "setup_$kind"
     cp -a "$XDG_CONFIG_HOME" "$dir/config-before"

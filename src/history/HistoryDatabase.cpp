@@ -146,7 +146,8 @@ HistoryDatabase::Opened HistoryDatabase::open(const std::filesystem::path& file)
     // A file that is not a database fails its first read; one we may not write, its first write.
     int version = userVersion();
     if (version < 0 || version > schemaVersion() ||
-        !execute("PRAGMA journal_mode=WAL; PRAGMA foreign_keys=ON;")) {
+        !execute("PRAGMA journal_mode=WAL; PRAGMA foreign_keys=ON; PRAGMA synchronous=NORMAL;"
+                 " PRAGMA cache_size=-16384; PRAGMA temp_store=MEMORY;")) {
         int code = sqlite3_errcode(db_);
         close();
         return code == SQLITE_READONLY || code == SQLITE_CANTOPEN || code == SQLITE_PERM
